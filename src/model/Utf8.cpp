@@ -1,0 +1,1 @@
+#include "Utf8.h"

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayView>
+
+// Files are read as UTF-8 with invalid bytes replaced rather than rejected.
+namespace Utf8 {
+
+bool isValid(QByteArrayView bytes);
+// The bytes themselves when they are valid UTF-8 (no copy), else with every invalid sequence
+// replaced by U+FFFD exactly as QString::fromUtf8 does.
+QByteArray repaired(const QByteArray &bytes);
+
+} // namespace Utf8

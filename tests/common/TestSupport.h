@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+// Paths and small file helpers shared by the test programs.
+namespace TestSupport {
+
+// The project's source folder.
+QString sourceDir();
+// The real channel lists beside the project (../shared/corpus); empty when they are absent.
+QString corpusDir();
+// Every list folder of the corpus: folders holding a lamedb, lamedb5 or bouquets.tv.
+QStringList corpusListFolders();
+// The bundled example list.
+QString examplesDir();
+
+QByteArray readFile(const QString &path);
+// Writes (creating parent folders) and fails the calling test on error.
+bool writeFile(const QString &path, const QByteArray &bytes);
+
+} // namespace TestSupport
