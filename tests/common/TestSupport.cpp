@@ -4,10 +4,22 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
 
 namespace TestSupport {
+
+QString isolateUserFolders()
+{
+    static QTemporaryDir home;
+    for (const char *name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME", "XDG_CACHE_HOME"}) {
+        const QString dir = home.path() + u'/' + QLatin1String(name);
+        QDir().mkpath(dir);
+        qputenv(name, dir.toUtf8());
+    }
+    return home.path();
+}
 
 QString sourceDir()
 {

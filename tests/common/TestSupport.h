@@ -7,6 +7,12 @@
 // Paths and small file helpers shared by the test programs.
 namespace TestSupport {
 
+// Points XDG_CONFIG_HOME, XDG_DATA_HOME, XDG_STATE_HOME and XDG_CACHE_HOME at a fresh temporary
+// folder that lives as long as the process, so that no test touches a user's settings, log,
+// password file or data. Call it first thing (initTestCase), before any settings are read.
+// Returns that folder.
+QString isolateUserFolders();
+
 // The project's source folder.
 QString sourceDir();
 // The real channel lists beside the project (../shared/corpus); empty when they are absent.
