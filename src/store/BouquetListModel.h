@@ -1,0 +1,46 @@
+#pragma once
+
+#include "Bouquet.h"
+
+#include <QAbstractListModel>
+#include <QList>
+
+class Store;
+
+// The bouquets of the current kind, for the sidebar: renamed in place, reordered by dragging, and
+// a drop target for service references.
+class BouquetListModel : public QAbstractListModel
+{
+    Q_OBJECT
+
+public:
+    enum Role { IdRole = Qt::UserRole + 1, FileNameRole, EntryCountRole };
+    // Rows dragged within the sidebar: the kind's raw value, then the row numbers.
+    static inline const QString rowsMimeType = QStringLiteral("application/x-corvandel-bouquet-rows");
+
+    explicit BouquetListModel(Store *store, QObject *parent = nullptr);
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+    bool moveRows(const QModelIndex &sourceParent, int sourceRow, int count, const QModelIndex &destinationParent,
+                  int destinationChild) override;
+    Qt::DropActions supportedDropActions() const override;
+    Qt::DropActions supportedDragActions() const override;
+    QStringList mimeTypes() const override;
+    QMimeData *mimeData(const QModelIndexList &indexes) const override;
+    bool canDropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
+                         const QModelIndex &parent) const override;
+    bool dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
+                      const QModelIndex &parent) override;
+
+private:
+    void follow();
+
+    Store *m_store;
+    MediaKind m_kind;
+    QList<Bouquet> m_bouquets;
+};

@@ -1,0 +1,224 @@
+#include "EntryListModel.h"
+
+#include "DragData.h"
+#include "ListDiff.h"
+#include "Store.h"
+
+#include <QMimeData>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QList<BouquetEntry> shownEntries(const Store &store)
+{
+    const std::optional<Bouquet> bouquet = store.selectedBouquet();
+    return bouquet ? bouquet->entries : QList<BouquetEntry>();
+}
+
+QUuid shownBouquet(const Store &store)
+{
+    const std::optional<Bouquet> bouquet = store.selectedBouquet();
+    return bouquet ? bouquet->id : QUuid();
+}
+
+} // namespace
+
+EntryListModel::EntryListModel(Store *store, QObject *parent)
+    : QAbstractListModel(parent)
+    , m_store(store)
+    , m_kind(store->kind())
+    , m_bouquetID(shownBouquet(*store))
+    , m_entries(shownEntries(*store))
+{
+    connect(store, &Store::bouquetsChanged, this, &EntryListModel::follow);
+    connect(store, &Store::kindChanged, this, &EntryListModel::follow);
+    connect(store, &Store::selectedBouquetIDChanged, this, &EntryListModel::follow);
+    // Entries without a name of their own show the service's current name.
+    connect(store, &Store::servicesChanged, this, &EntryListModel::namesChanged);
+}
+
+void EntryListModel::follow()
+{
+    const QList<BouquetEntry> target = shownEntries(*m_store);
+    const QUuid bouquetID = shownBouquet(*m_store);
+    if (m_kind != m_store->kind() || m_bouquetID != bouquetID) {
+        beginResetModel();
+        m_kind = m_store->kind();
+        m_bouquetID = bouquetID;
+        m_entries = target;
+        endResetModel();
+        return;
+    }
+    // Rows below a structural change get new position numbers.
+    qsizetype firstMoved = -1;
+    const auto moved = [&](qsizetype row) { firstMoved = firstMoved < 0 ? row : std::min(firstMoved, row); };
+    const QModelIndex root;
+    const ListDiff::Notifier notifier{
+        [&](qsizetype first, qsizetype last) {
+            moved(first);
+            beginRemoveRows(root, int(first), int(last));
+        },
+        [&] { endRemoveRows(); },
+        [&](qsizetype first, qsizetype last, qsizetype to) {
+            moved(to);
+            beginMoveRows(root, int(first), int(last), root, int(to));
+        },
+        [&] { endMoveRows(); },
+        [&](qsizetype first, qsizetype last) {
+            moved(first);
+            beginInsertRows(root, int(first), int(last));
+        },
+        [&] { endInsertRows(); },
+        [&](qsizetype first, qsizetype last) { emit dataChanged(index(int(first)), index(int(last))); },
+    };
+    if (!ListDiff::apply(m_entries, target, [](const BouquetEntry &entry) { return entry.id; }, notifier)) {
+        beginResetModel();
+        m_entries = target;
+        endResetModel();
+        return;
+    }
+    if (firstMoved >= 0 && firstMoved < m_entries.size())
+        emit dataChanged(index(int(firstMoved)), index(int(m_entries.size() - 1)), {PositionRole});
+}
+
+void EntryListModel::namesChanged()
+{
+    if (!m_entries.isEmpty())
+        emit dataChanged(index(0), index(int(m_entries.size() - 1)), {Qt::DisplayRole, ServiceKnownRole});
+}
+
+int EntryListModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : int(m_entries.size());
+}
+
+QVariant EntryListModel::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+        return {};
+    const BouquetEntry &entry = m_entries.at(index.row());
+    switch (role) {
+    case Qt::DisplayRole:
+        return m_store->displayName(entry);
+    case Qt::EditRole:
+        return entry.description.value_or(QString());
+    case Qt::ToolTipRole:
+    case ReferenceRole:
+        return entry.reference;
+    case IdRole:
+        return QVariant::fromValue(entry.id);
+    case MarkerRole:
+        return entry.isMarker();
+    case PositionRole:
+        return index.row() + 1;
+    case ServiceKnownRole:
+        return m_store->service(entry).has_value();
+    default:
+        return {};
+    }
+}
+
+bool EntryListModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    if (role != Qt::EditRole || !checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+        return false;
+    // An empty name brings back the name from the database.
+    m_store->renameEntry(m_entries.at(index.row()).id, value.toString().trimmed());
+    return true;
+}
+
+Qt::ItemFlags EntryListModel::flags(const QModelIndex &index) const
+{
+    if (!index.isValid())
+        return m_bouquetID.isNull() ? Qt::NoItemFlags : Qt::ItemIsDropEnabled;
+    return Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsEditable | Qt::ItemIsDragEnabled
+        | Qt::ItemNeverHasChildren;
+}
+
+QHash<int, QByteArray> EntryListModel::roleNames() const
+{
+    QHash<int, QByteArray> names = QAbstractListModel::roleNames();
+    names.insert(IdRole, "entryId");
+    names.insert(ReferenceRole, "reference");
+    names.insert(MarkerRole, "marker");
+    names.insert(PositionRole, "position");
+    names.insert(ServiceKnownRole, "serviceKnown");
+    return names;
+}
+
+bool EntryListModel::moveRows(const QModelIndex &sourceParent, int sourceRow, int count,
+                              const QModelIndex &destinationParent, int destinationChild)
+{
+    if (sourceParent.isValid() || destinationParent.isValid() || count <= 0 || sourceRow < 0
+        || sourceRow + count > rowCount() || destinationChild < 0 || destinationChild > rowCount()
+        || (destinationChild >= sourceRow && destinationChild <= sourceRow + count))
+        return false;
+    QSet<qsizetype> rows;
+    for (int row = sourceRow; row < sourceRow + count; ++row)
+        rows.insert(row);
+    m_store->moveEntries(rows, destinationChild);
+    return true;
+}
+
+Qt::DropActions EntryListModel::supportedDropActions() const
+{
+    return Qt::MoveAction | Qt::CopyAction;
+}
+
+Qt::DropActions EntryListModel::supportedDragActions() const
+{
+    return Qt::MoveAction | Qt::CopyAction;
+}
+
+QStringList EntryListModel::mimeTypes() const
+{
+    return {rowsMimeType, u"text/plain"_s};
+}
+
+QMimeData *EntryListModel::mimeData(const QModelIndexList &indexes) const
+{
+    QList<int> rows;
+    for (const QModelIndex &index : indexes) {
+        if (index.isValid() && index.model() == this)
+            rows << index.row();
+    }
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    QStringList references;
+    for (int row : std::as_const(rows))
+        references << m_entries.at(row).reference;
+    auto *data = new QMimeData;
+    // Plain text as well, so that entries dropped on another bouquet are copied there.
+    DragData::setReferences(data, references);
+    DragData::setRows(data, rowsMimeType, m_bouquetID.toString(), rows);
+    return data;
+}
+
+bool EntryListModel::canDropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
+                                     const QModelIndex &parent) const
+{
+    Q_UNUSED(row)
+    Q_UNUSED(column)
+    Q_UNUSED(parent)
+    if (action == Qt::IgnoreAction || !data || m_bouquetID.isNull())
+        return false;
+    return DragData::rows(data, rowsMimeType, m_bouquetID.toString()) || !DragData::references(data).isEmpty();
+}
+
+bool EntryListModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
+                                  const QModelIndex &parent)
+{
+    if (!canDropMimeData(data, action, row, column, parent))
+        return false;
+    // Dropped onto an entry: in front of it; onto empty space: at the end.
+    const int destination = parent.isValid() ? parent.row() : (row < 0 ? rowCount() : row);
+    if (const std::optional<QList<int>> rows = DragData::rows(data, rowsMimeType, m_bouquetID.toString())) {
+        m_store->moveEntries(QSet<qsizetype>(rows->cbegin(), rows->cend()), destination);
+        return true;
+    }
+    m_store->insert(DragData::references(data), m_bouquetID, destination);
+    return true;
+}

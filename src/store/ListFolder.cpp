@@ -1,0 +1,119 @@
+#include "ListFolder.h"
+
+#include "BouquetIndex.h"
+#include "Error.h"
+#include "Satellites.h"
+#include "Utf8.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QSet>
+
+using namespace Qt::StringLiterals;
+
+namespace ListFolder {
+
+namespace {
+
+// The file's bytes with invalid UTF-8 replaced; none when it is not a readable regular file
+// (a folder or a pipe in its place is treated as missing rather than read).
+std::optional<QByteArray> readText(const QString &path)
+{
+    if (!QFileInfo(path).isFile())
+        return std::nullopt;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    return Utf8::repaired(file.readAll());
+}
+
+QSet<ServiceKey> keysOf(const QList<Service> &services)
+{
+    QSet<ServiceKey> keys;
+    keys.reserve(services.size());
+    for (const Service &service : services)
+        keys.insert(service.key);
+    return keys;
+}
+
+} // namespace
+
+Contents read(const QString &folder)
+{
+    const QDir dir(folder);
+    Contents contents;
+    for (const QString &name : {u"lamedb5"_s, u"lamedb"_s}) {
+        if (QFileInfo(dir.filePath(name)).isFile()) {
+            contents.primary = name;
+            break;
+        }
+    }
+    if (contents.primary.isEmpty())
+        throw MessageError(QCoreApplication::translate("ListFolder", "Im Ordner liegt weder lamedb noch lamedb5."), u"Corvandel"_s, 1);
+    QFile primaryFile(dir.filePath(contents.primary));
+    if (!primaryFile.open(QIODevice::ReadOnly)) {
+        throw MessageError(QCoreApplication::translate("ListFolder", "„%1“ konnte nicht gelesen werden: %2").arg(contents.primary, primaryFile.errorString()),
+                           u"Corvandel"_s, 1);
+    }
+    const QByteArray primaryText = Utf8::repaired(primaryFile.readAll());
+    contents.database = LameDB::parse(primaryText);
+
+    for (MediaKind kind : MediaKind::allCases()) {
+        QList<Bouquet> bouquets;
+        if (const std::optional<QByteArray> index = readText(dir.filePath(u"bouquets."_s + kind.rawValue()))) {
+            for (const QString &name : BouquetIndex::fileNames(*index)) {
+                const std::optional<QByteArray> text =
+                    BouquetIndex::isSafeFileName(name) ? readText(dir.filePath(name)) : std::nullopt;
+                if (text)
+                    bouquets << Bouquet::parse(name, kind, *text);
+                else
+                    contents.missingFiles << name;
+            }
+        }
+        contents.bouquets.insert(kind, bouquets);
+    }
+
+    if (const std::optional<QByteArray> satellites = readText(dir.filePath(u"satellites.xml"_s)))
+        contents.satelliteNames = Satellites::parse(*satellites);
+
+    for (const QString &name : {u"lamedb"_s, u"lamedb5"_s}) {
+        if (name == contents.primary) {
+            contents.lamedbTexts.insert(name, primaryText);
+        } else if (const std::optional<QByteArray> text = readText(dir.filePath(name))) {
+            contents.lamedbTexts.insert(name, *text);
+        }
+    }
+
+    if (contents.lamedbTexts.size() == 2) {
+        const QString other = contents.primary == u"lamedb5" ? u"lamedb"_s : u"lamedb5"_s;
+        try {
+            const LameDB::Database second = LameDB::parse(contents.lamedbTexts.value(other));
+            const bool primaryIsV5 = contents.primary == u"lamedb5";
+            const QList<Service> &v4 = primaryIsV5 ? second.services : contents.database.services;
+            const QList<Service> &v5 = primaryIsV5 ? contents.database.services : second.services;
+            contents.lamedbCount = v4.size();
+            contents.lamedb5Count = v5.size();
+            contents.databasesDiffer = keysOf(v4) != keysOf(v5);
+        } catch (const Error &) {
+            // A second database that cannot be read is not worth a message.
+        }
+    }
+    return contents;
+}
+
+void writeFile(const QString &folder, const QString &name, const QByteArray &bytes)
+{
+    QSaveFile file(QDir(folder).filePath(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+        throw MessageError(QCoreApplication::translate("ListFolder", "„%1“ konnte nicht gespeichert werden: %2").arg(name, file.errorString()));
+}
+
+QString standardized(const QString &path)
+{
+    return QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+}
+
+} // namespace ListFolder
