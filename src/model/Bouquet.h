@@ -27,4 +27,6 @@ struct Bouquet
     friend bool operator==(const Bouquet &, const Bouquet &) = default;
 };
 
+Q_DECLARE_TYPEINFO(Bouquet, Q_RELOCATABLE_TYPE);
+
 size_t qHash(const Bouquet &bouquet, size_t seed = 0) noexcept;

@@ -1,5 +1,7 @@
 #include "BouquetEntry.h"
 
+#include "TextScan.h"
+
 #include <QHashFunctions>
 
 size_t qHash(const BouquetEntry &entry, size_t seed) noexcept
@@ -28,14 +30,11 @@ std::optional<ServiceKey> BouquetEntry::serviceKey() const
         return std::nullopt;
     quint32 values[4];
     for (int i = 0; i < 4; ++i) {
-        const QStringView piece = pieces[3 + i];
-        if (piece.isEmpty())
+        // Digits only: no blanks, signs or "0x" as a looser number parser would allow.
+        const auto value = TextScan::strictHex(pieces[3 + i]);
+        if (!value)
             return std::nullopt;
-        bool ok = false;
-        const qulonglong value = piece.toULongLong(&ok, 16);
-        if (!ok || value > 0xffffffffULL || piece.startsWith(u'+') || piece.startsWith(u'-'))
-            return std::nullopt;
-        values[i] = quint32(value);
+        values[i] = *value;
     }
     if (values[0] == 0)
         return std::nullopt;

@@ -23,6 +23,8 @@ struct BouquetEntry
     friend bool operator==(const BouquetEntry &, const BouquetEntry &) = default;
 };
 
+Q_DECLARE_TYPEINFO(BouquetEntry, Q_RELOCATABLE_TYPE);
+
 size_t qHash(const BouquetEntry &entry, size_t seed = 0) noexcept;
 
 // The reference every marker made by the editor carries.

@@ -21,6 +21,9 @@ struct Service
     friend bool operator==(const Service &, const Service &) = default;
 };
 
+// Moved in memory by the list's reallocation instead of one by one: a list holds 100,000 of them.
+Q_DECLARE_TYPEINFO(Service, Q_RELOCATABLE_TYPE);
+
 size_t qHash(const Service &service, size_t seed = 0) noexcept;
 
 // The service reference "1:0:TYPE:SID:TSID:ONID:NS:0:0:0:" in upper-case hexadecimal without padding.

@@ -1,5 +1,7 @@
 #include "Transponder.h"
 
+#include "TextScan.h"
+
 #include <QCoreApplication>
 #include <QHashFunctions>
 
@@ -11,17 +13,24 @@ size_t qHash(const Transponder &transponder, size_t seed) noexcept
 std::optional<QString> Transponder::position() const
 {
     if (data.startsWith(u"s ")) {
-        const auto pieces = QStringView(data).mid(2).split(u':', Qt::SkipEmptyParts);
-        if (pieces.size() < 5)
+        // The fifth non-empty piece after the tag.
+        QStringView piece;
+        int count = 0;
+        for (QStringView part : QStringView(data).sliced(2).tokenize(u':', Qt::SkipEmptyParts)) {
+            if (++count == 5) {
+                piece = part;
+                break;
+            }
+        }
+        // Signed digits only: toInt would also accept blanks around them.
+        const auto position = count == 5 ? TextScan::signedDecimal(piece) : std::nullopt;
+        if (!position)
             return std::nullopt;
-        bool ok = false;
-        const int p = pieces[4].toInt(&ok);
-        if (!ok)
-            return std::nullopt;
+        const qint64 p = *position;
         // Negative positions stay "E" on purpose: they do not meet the satellites.xml labels.
         if (p < 1801)
-            return QString::asprintf("%.1fE", p / 10.0);
-        return QString::asprintf("%.1fW", (3600 - p) / 10.0);
+            return TextScan::degreeLabel(p, 'E');
+        return TextScan::degreeLabel(3600 - p, 'W');
     }
     if (data.startsWith(u"c "))
         return QCoreApplication::translate("Transponder", "Kabel");

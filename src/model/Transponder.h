@@ -18,4 +18,6 @@ struct Transponder
     friend bool operator==(const Transponder &, const Transponder &) = default;
 };
 
+Q_DECLARE_TYPEINFO(Transponder, Q_RELOCATABLE_TYPE);
+
 size_t qHash(const Transponder &transponder, size_t seed = 0) noexcept;
