@@ -324,6 +324,35 @@ private slots:
             QCOMPARE(database.services[0].type, type);
     }
 
+    void keys_data()
+    {
+        QTest::addColumn<QByteArray>("header");
+        QTest::addColumn<ServiceKey>("key");
+        QTest::newRow("padded") << QByteArray("0083:00c00000:0437:0001") << ServiceKey{0x83, 0x437, 1, 0xc00000};
+        QTest::newRow("upper case") << QByteArray("83:C00000:437:1") << ServiceKey{0x83, 0x437, 1, 0xc00000};
+        QTest::newRow("nine digits, leading zero") << QByteArray("000000083:c00000:437:1")
+                                                   << ServiceKey{0x83, 0x437, 1, 0xc00000};
+        QTest::newRow("nine digits, too large") << QByteArray("1000000ff:c00000:437:1") << ServiceKey{0, 0x437, 1, 0xc00000};
+        QTest::newRow("not hex") << QByteArray("83:c0000g:437:1") << ServiceKey{0x83, 0x437, 1, 0};
+        QTest::newRow("blanks") << QByteArray(" 83 :c00000:437:1") << ServiceKey{0x83, 0x437, 1, 0xc00000};
+        QTest::newRow("empty pieces dropped") << QByteArray("83::c00000:437:1") << ServiceKey{0x83, 0x437, 1, 0xc00000};
+    }
+
+    // Both formats and the writer read a service header the same way.
+    void keys()
+    {
+        QFETCH(QByteArray, header);
+        QFETCH(ServiceKey, key);
+        const auto v5 = LameDB::parseV5("eDVB services /5/\ns:" + header + ":1:0,\"N\"\n");
+        QCOMPARE(v5.services.value(0).key, key);
+        const auto v4Read = LameDB::parseV4(v4(header + ":1:0\nN\np:\n"));
+        QCOMPARE(v4Read.services.value(0).key, key);
+        const ServiceEdits rename{{key, ServiceEdit::rename(u"M"_s)}};
+        QCOMPARE(LameDB::parseV5(LameDB::applying(rename, "eDVB services /5/\ns:" + header + ":1:0,\"N\"\n")).services.value(0).name,
+                 u"M"_s);
+        QCOMPARE(LameDB::parseV4(LameDB::applying(rename, v4(header + ":1:0\nN\np:\n"))).services.value(0).name, u"M"_s);
+    }
+
     void format5Transponders_data()
     {
         QTest::addColumn<QByteArray>("line");
@@ -510,8 +539,12 @@ private slots:
                  QByteArray("eDVB services /4/\nservices\nbad:line\n0083:00c00000:0437:0001:1:0\nB\np:\nend\n"));
 
         // Lines outside the service block are never edited, also when they look like a service.
-        const QByteArray outside = "eDVB services /4/\n0083:00c00000:0437:0001:1:0\nA\np:\nservices\nend\n";
+        const QByteArray outside = "eDVB services /4/\n0083:00c00000:0437:0001:1:0\nA\np:\nservices\nend\n"
+                                   "0083:00c00000:0437:0001:1:0\nB\np:\n";
         QCOMPARE(LameDB::applying({{first, ServiceEdit::deletion()}}, outside), outside);
+        // A second "services" line opens the block again.
+        const QByteArray reopened = outside + "services\n0083:00c00000:0437:0001:1:0\nC\np:\nend\n";
+        QCOMPARE(LameDB::applying({{first, ServiceEdit::deletion()}}, reopened), outside + "services\nend\n");
 
         // Deleting the very last service of a text without final line end drops its line feed too.
         const QByteArray last = "eDVB services /4/\nservices\n0083:00c00000:0437:0001:1:0\nA\np:";
