@@ -53,16 +53,18 @@ QString FTPClient::host() const
 
 QString FTPClient::baseURL() const
 {
-    return u"ftp://"_s + host() + u':' + QString::number(m_settings.ftpPort) + m_settings.normalizedDirectory();
+    return fileURL(m_settings.normalizedDirectory(), {});
 }
 
 QString FTPClient::fileURL(const QString &directory, const QString &file) const
 {
     // The characters that may stand in a URL path; everything else, "#" and brackets included,
-    // is percent-encoded. The folder is taken as it is.
+    // is percent-encoded. curl refuses a URL with a blank, so the folder is encoded the same
+    // way, keeping its slashes.
     static const QByteArray pathCharacters = "!$&'()*+,-./:;=@_~";
-    const QString encoded = QString::fromLatin1(QUrl::toPercentEncoding(file, pathCharacters));
-    return u"ftp://"_s + host() + u':' + QString::number(m_settings.ftpPort) + withSlashes(directory) + encoded;
+    const QString folder = QString::fromLatin1(QUrl::toPercentEncoding(withSlashes(directory), pathCharacters));
+    const QString name = QString::fromLatin1(QUrl::toPercentEncoding(file, pathCharacters));
+    return u"ftp://"_s + host() + u':' + QString::number(m_settings.ftpPort) + folder + name;
 }
 
 QString FTPClient::escaped(const QString &value)

@@ -103,8 +103,10 @@ class FaultyDTPHandler(DTPHandler):
             head = data[:max(0, self.stall_after - self.tot_bytes_sent)]
             sent = super().send(head) if head else 0
             self._stalled = True
-            # The server is threaded: this blocks only this connection.
-            time.sleep(self.stall_seconds)
+            # Stop writing for a while; the control connection stays responsive, as on a box
+            # whose disk or network hangs.
+            self.modify_ioloop_events(self.ioloop.READ)
+            self.call_later(self.stall_seconds, self.modify_ioloop_events, self.ioloop.WRITE)
             return sent
         if self.drop_after >= 0 and self.tot_bytes_sent + len(data) > self.drop_after:
             head = data[:max(0, self.drop_after - self.tot_bytes_sent)]
