@@ -121,6 +121,7 @@ QList<FakeBoxRequest> FakeBox::journal() const
         request.protocol = entry.value(u"protocol"_s).toString();
         request.path = entry.value(u"path"_s).toString();
         request.rawQuery = entry.value(u"rawQuery"_s).toString();
+        request.authorization = entry.value(u"authorization"_s).toString();
         request.authorized = entry.value(u"authorized"_s).toBool();
         request.status = entry.value(u"status"_s).toInt();
         request.command = entry.value(u"command"_s).toString();

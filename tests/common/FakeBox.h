@@ -57,6 +57,8 @@ struct FakeBoxRequest
     QString path;
     QList<QPair<QString, QString>> query; // decoded once, as the box decodes it
     QString rawQuery;
+    // The Authorization header as sent; a null string when there was none.
+    QString authorization;
     bool authorized = false;
     int status = 0;
     QString command;

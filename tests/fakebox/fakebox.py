@@ -375,6 +375,7 @@ class WebHandler(BaseHTTPRequestHandler):
         else:
             status, body, content_type = self.answer(url.path, dict(query))
         self.server.journal.record(protocol="http", path=url.path, query=query, rawQuery=url.query,
+                                   authorization=self.headers.get("Authorization"),
                                    authorized=authorized, status=status)
         data = body.encode("utf-8")
         self.send_response(status)
