@@ -111,12 +111,16 @@ void BoxSettings::migrateFromOldName()
 
 QString BoxSettings::normalizedDirectory() const
 {
-    QString result = directory;
-    if (!result.startsWith(u'/'))
-        result.prepend(u'/');
-    if (!result.endsWith(u'/'))
-        result.append(u'/');
-    return result;
+    return withSlashes(directory);
+}
+
+QString BoxSettings::withSlashes(QString directory)
+{
+    if (!directory.startsWith(u'/'))
+        directory.prepend(u'/');
+    if (!directory.endsWith(u'/'))
+        directory.append(u'/');
+    return directory;
 }
 
 QString BoxSettings::account() const

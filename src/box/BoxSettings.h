@@ -27,6 +27,8 @@ struct BoxSettings
 
     // The directory with a leading and a trailing slash, otherwise unchanged.
     QString normalizedDirectory() const;
+    // The same rule for any folder on the box.
+    static QString withSlashes(QString directory);
     // user@host, the account of the password.
     QString account() const;
 

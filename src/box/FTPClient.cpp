@@ -27,15 +27,6 @@ QString seconds(double value)
     return QString::asprintf("%.2f s", value);
 }
 
-QString withSlashes(QString directory)
-{
-    if (!directory.startsWith(u'/'))
-        directory.prepend(u'/');
-    if (!directory.endsWith(u'/'))
-        directory.append(u'/');
-    return directory;
-}
-
 } // namespace
 
 FTPClient::FTPClient(BoxSettings settings)
@@ -62,7 +53,7 @@ QString FTPClient::fileURL(const QString &directory, const QString &file) const
     // is percent-encoded. curl refuses a URL with a blank, so the folder is encoded the same
     // way, keeping its slashes.
     static const QByteArray pathCharacters = "!$&'()*+,-./:;=@_~";
-    const QString folder = QString::fromLatin1(QUrl::toPercentEncoding(withSlashes(directory), pathCharacters));
+    const QString folder = QString::fromLatin1(QUrl::toPercentEncoding(BoxSettings::withSlashes(directory), pathCharacters));
     const QString name = QString::fromLatin1(QUrl::toPercentEncoding(file, pathCharacters));
     return u"ftp://"_s + host() + u':' + QString::number(m_settings.ftpPort) + folder + name;
 }

@@ -3,12 +3,11 @@
 #include "BoxLogWatch.h"
 #include "FTPClient.h"
 #include "FakeBox.h"
-#include "FakeBoxSettings.h"
+#include "Fixtures.h"
 #include "TestSupport.h"
 
 #include <QDir>
 #include <QRandomGenerator>
-#include <QTcpServer>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -76,7 +75,9 @@ QStringList curlCommandLines()
         if (fields.size() < 2 || QString::fromLatin1(fields[1]) != self || !stat.contains("(curl)"))
             continue;
         QByteArray cmdline = TestSupport::readFile(u"/proc/"_s + pid + u"/cmdline"_s);
-        lines << QString::fromUtf8(cmdline.replace('\0', ' '));
+        // An exiting process (a zombie) shows an empty command line.
+        if (!cmdline.isEmpty())
+            lines << QString::fromUtf8(cmdline.replace('\0', ' '));
     }
     return lines;
 }
@@ -262,7 +263,7 @@ void FTPClientTest::logWording()
 
 void FTPClientTest::listAndDownload()
 {
-    const FTPClient ftp(settingsFor(*m_box));
+    const FTPClient ftp(m_box->settingsAs<BoxSettings>());
     const BoxLogWatch watch;
     QStringList names = await(ftp.listFiles());
     names.sort();
@@ -285,7 +286,7 @@ void FTPClientTest::listAndDownload()
 
 void FTPClientTest::listOtherFolders()
 {
-    const FTPClient ftp(settingsFor(*m_box));
+    const FTPClient ftp(m_box->settingsAs<BoxSettings>());
     QCOMPARE(await(ftp.list(u"/usr/share/enigma2/picon/"_s)), QStringList{u"1_0_1_A_B_C_D_0_0_0.png"_s});
     // An empty folder is an empty list, not an error.
     QCOMPARE(await(ftp.list(u"media/hdd/picon"_s)), QStringList());
@@ -293,7 +294,7 @@ void FTPClientTest::listOtherFolders()
 
 void FTPClientTest::largeDownload()
 {
-    const FTPClient ftp(settingsFor(*m_box));
+    const FTPClient ftp(m_box->settingsAs<BoxSettings>());
     const BoxLogWatch watch;
     QCOMPARE(await(ftp.download(u"lamedb5"_s)), m_large);
     QVERIFY(watch.messages(u"FTP"_s).value(1).contains(u", 3145728 Bytes empfangen"_s));
@@ -301,7 +302,7 @@ void FTPClientTest::largeDownload()
 
 void FTPClientTest::manyFiles()
 {
-    const FTPClient ftp(settingsFor(*m_box));
+    const FTPClient ftp(m_box->settingsAs<BoxSettings>());
     QTemporaryDir local;
     const BoxLogWatch watch;
     QStringList names{u"lamedb"_s, u"fehlt.tv"_s, u"userbouquet.[x]{y}.tv"_s};
@@ -331,7 +332,7 @@ void FTPClientTest::manyFiles()
 
 void FTPClientTest::uploads()
 {
-    const FTPClient ftp(settingsFor(*m_box));
+    const FTPClient ftp(m_box->settingsAs<BoxSettings>());
     QTemporaryDir local;
     QVERIFY(TestSupport::writeFile(local.filePath(u"bouquet"_s), "#NAME Neu\r\n"));
     QVERIFY(TestSupport::writeFile(local.filePath(u"one.png"_s), "\x89PNG one"));
@@ -358,24 +359,17 @@ void FTPClientTest::uploads()
 
 void FTPClientTest::refusedLogin_data()
 {
-    QTest::addColumn<bool>("boxRefuses");
-    QTest::newRow("wrong password") << false;
-    QTest::newRow("box refuses everyone") << true;
+    Fixtures::addRefusalRows();
 }
 
 void FTPClientTest::refusedLogin()
 {
     QFETCH(bool, boxRefuses);
-    FakeBoxOptions options;
-    options.refuseLogins = boxRefuses;
-    FakeBox box(options);
-    QVERIFY2(box.isRunning(), qPrintable(box.errorString()));
-    BoxSettings settings = settingsFor(box);
-    if (!boxRefuses)
-        settings.password = u"falsch"_s;
+    const Fixtures::Refusal refusal = Fixtures::refusal(boxRefuses);
+    QVERIFY2(refusal.box->isRunning(), qPrintable(refusal.box->errorString()));
     const BoxLogWatch watch;
     try {
-        await(FTPClient(settings).listFiles());
+        await(FTPClient(refusal.settings).listFiles());
         QFAIL("no error thrown");
     } catch (const BoxError &error) {
         QCOMPARE(error.kind(), BoxError::Kind::curl);
@@ -391,11 +385,8 @@ void FTPClientTest::refusedLogin()
 
 void FTPClientTest::unreachablePort()
 {
-    QTcpServer probe;
-    QVERIFY(probe.listen(QHostAddress::LocalHost));
-    BoxSettings settings = settingsFor(*m_box);
-    settings.ftpPort = probe.serverPort();
-    probe.close();
+    BoxSettings settings = m_box->settingsAs<BoxSettings>();
+    settings.ftpPort = Fixtures::closedPort();
     const BoxLogWatch watch;
     QVERIFY_THROWS_EXCEPTION(BoxError, await(FTPClient(settings).download(u"lamedb"_s)));
     QVERIFY2(watch.entries().value(1).contains(u": curl-Code 7 (Verbindung abgelehnt / Box nicht erreichbar) – curl: (7)"_s),
@@ -416,7 +407,7 @@ void FTPClientTest::stalledTransferKeepsPasswordOffCommandLine()
     QTimer probe;
     connect(&probe, &QTimer::timeout, this, [&] { seen += curlCommandLines(); });
     probe.start(20);
-    FTPClient ftp(settingsFor(box));
+    FTPClient ftp(box.settingsAs<BoxSettings>());
     ftp.setSpeedTime(1);
     const BoxLogWatch watch;
     try {
@@ -445,7 +436,7 @@ void FTPClientTest::droppedConnection()
     QVERIFY(TestSupport::writeFile(box.path(u"/etc/enigma2/lamedb"_s), m_large.left(500'000)));
     const BoxLogWatch watch;
     try {
-        await(FTPClient(settingsFor(box)).download(u"lamedb"_s));
+        await(FTPClient(box.settingsAs<BoxSettings>()).download(u"lamedb"_s));
         QFAIL("no error thrown");
     } catch (const BoxError &error) {
         QCOMPARE(error.kind(), BoxError::Kind::curl);
@@ -456,7 +447,7 @@ void FTPClientTest::droppedConnection()
 
 void FTPClientTest::missingCurl()
 {
-    FTPClient ftp(settingsFor(*m_box));
+    FTPClient ftp(m_box->settingsAs<BoxSettings>());
     ftp.setProgram(u"/nonexistent/curl"_s);
     const BoxLogWatch watch;
     try {

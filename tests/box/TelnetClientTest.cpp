@@ -2,13 +2,12 @@
 #include "BoxError.h"
 #include "BoxLogWatch.h"
 #include "FakeBox.h"
-#include "FakeBoxSettings.h"
+#include "Fixtures.h"
 #include "TelnetClient.h"
 #include "TelnetError.h"
 #include "TestSupport.h"
 
 #include <QRegularExpression>
-#include <QTcpServer>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -72,7 +71,7 @@ TelnetClient::Limits shortLimits()
 
 QString runOn(const FakeBox &box, const QString &command, TelnetClient::Limits limits = shortLimits())
 {
-    TelnetClient client(settingsFor(box));
+    TelnetClient client(box.settingsAs<BoxSettings>());
     client.setLimits(limits);
     return await(client.run(command));
 }
@@ -241,22 +240,15 @@ void TelnetClientTest::loginVariants()
 
 void TelnetClientTest::wrongPassword_data()
 {
-    QTest::addColumn<bool>("boxRefuses");
-    QTest::newRow("wrong password") << false;
-    QTest::newRow("box refuses everyone") << true;
+    Fixtures::addRefusalRows();
 }
 
 void TelnetClientTest::wrongPassword()
 {
     QFETCH(bool, boxRefuses);
-    FakeBoxOptions options;
-    options.refuseLogins = boxRefuses;
-    FakeBox box(options);
-    QVERIFY2(box.isRunning(), qPrintable(box.errorString()));
-    BoxSettings settings = settingsFor(box);
-    if (!boxRefuses)
-        settings.password = u"falsch"_s;
-    TelnetClient client(settings);
+    const Fixtures::Refusal refusal = Fixtures::refusal(boxRefuses);
+    QVERIFY2(refusal.box->isRunning(), qPrintable(refusal.box->errorString()));
+    TelnetClient client(refusal.settings);
     client.setLimits(shortLimits());
     const BoxLogWatch watch;
     try {
@@ -271,7 +263,7 @@ void TelnetClientTest::wrongPassword()
                  .match(watch.entries().value(1))
                  .hasMatch(),
              qPrintable(watch.entries().value(1)));
-    QVERIFY(box.journal().isEmpty());
+    QVERIFY(refusal.box->journal().isEmpty());
 }
 
 void TelnetClientTest::silentBoxTimesOut()
@@ -307,11 +299,8 @@ void TelnetClientTest::droppedConnection()
 
 void TelnetClientTest::unreachable()
 {
-    QTcpServer probe;
-    QVERIFY(probe.listen(QHostAddress::LocalHost));
-    BoxSettings settings = settingsFor(*m_box);
-    settings.telnetPort = probe.serverPort();
-    probe.close();
+    BoxSettings settings = m_box->settingsAs<BoxSettings>();
+    settings.telnetPort = Fixtures::closedPort();
     TelnetClient client(settings);
     try {
         await(client.run(u"uptime"_s));
@@ -325,7 +314,7 @@ void TelnetClientTest::unreachable()
 
 void TelnetClientTest::noHost()
 {
-    BoxSettings settings = settingsFor(*m_box);
+    BoxSettings settings = m_box->settingsAs<BoxSettings>();
     settings.host = u"  "_s;
     const BoxLogWatch watch;
     QVERIFY_THROWS_EXCEPTION(BoxError, await(TelnetClient(settings).run(u"uptime"_s)));

@@ -2,12 +2,11 @@
 #include "BoxError.h"
 #include "BoxLogWatch.h"
 #include "FakeBox.h"
-#include "FakeBoxSettings.h"
+#include "Fixtures.h"
 #include "TestSupport.h"
 #include "WebIf.h"
 
 #include <QRegularExpression>
-#include <QTcpServer>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -137,7 +136,7 @@ void WebIfTest::requestForms()
 
 void WebIfTest::serviceNameAndZap()
 {
-    const WebIf web(settingsFor(*m_box));
+    const WebIf web(m_box->settingsAs<BoxSettings>());
     const BoxLogWatch watch;
     QCOMPARE(await(web.currentServiceName()), u"Example HD"_s);
     // Polled requests leave no trace when they succeed.
@@ -163,7 +162,7 @@ void WebIfTest::serviceNameAndZap()
 
 void WebIfTest::signal()
 {
-    QCOMPARE(await(WebIf(settingsFor(*m_box)).signal()), (WebIf::SignalInfo{u"12.50 dB"_s, 75, 80, 0}));
+    QCOMPARE(await(WebIf(m_box->settingsAs<BoxSettings>()).signal()), (WebIf::SignalInfo{u"12.50 dB"_s, 75, 80, 0}));
 }
 
 void WebIfTest::untunedSignal()
@@ -172,14 +171,14 @@ void WebIfTest::untunedSignal()
     options.serviceRef.clear();
     FakeBox box(options);
     QVERIFY2(box.isRunning(), qPrintable(box.errorString()));
-    const WebIf web(settingsFor(box));
+    const WebIf web(box.settingsAs<BoxSettings>());
     QCOMPARE(await(web.signal()), (WebIf::SignalInfo{u"dB"_s, std::nullopt, std::nullopt, std::nullopt}));
     QCOMPARE(await(web.currentServiceName()), u"N/A"_s);
 }
 
 void WebIfTest::powerAndReload()
 {
-    const WebIf web(settingsFor(*m_box));
+    const WebIf web(m_box->settingsAs<BoxSettings>());
     const BoxLogWatch watch;
     await(web.setPowerState(WebIf::PowerState::reboot));
     await(web.reloadServices(2));
@@ -215,7 +214,7 @@ void WebIfTest::httpErrors()
     options.httpStatus = boxStatus;
     FakeBox box(options);
     QVERIFY2(box.isRunning(), qPrintable(box.errorString()));
-    BoxSettings settings = settingsFor(box);
+    BoxSettings settings = box.settingsAs<BoxSettings>();
     settings.password = sentPassword;
     const BoxLogWatch watch;
     try {
@@ -233,7 +232,7 @@ void WebIfTest::httpErrors()
 
     // An unknown path is an HTTP error too.
     if (status == 500) {
-        BoxSettings good = settingsFor(box);
+        BoxSettings good = box.settingsAs<BoxSettings>();
         QVERIFY_THROWS_EXCEPTION(BoxError, await(WebIf(good).get(u"/nothing"_s, {}, 5s, false)));
         QCOMPARE(box.journal().last().status, 404);
     }
@@ -247,7 +246,7 @@ void WebIfTest::transportFailures()
     QVERIFY2(slow.isRunning(), qPrintable(slow.errorString()));
     const BoxLogWatch watch;
     try {
-        await(WebIf(settingsFor(slow)).get(u"/web/signal"_s, {}, 300ms, true));
+        await(WebIf(slow.settingsAs<BoxSettings>()).get(u"/web/signal"_s, {}, 300ms, true));
         QFAIL("no error thrown");
     } catch (const BoxError &) {
         QFAIL("a time-out is no HTTP status");
@@ -260,11 +259,8 @@ void WebIfTest::transportFailures()
                      watch.entries().value(0)),
              qPrintable(watch.entries().value(0)));
 
-    QTcpServer probe;
-    QVERIFY(probe.listen(QHostAddress::LocalHost));
-    BoxSettings settings = settingsFor(*m_box);
-    settings.httpPort = probe.serverPort();
-    probe.close();
+    BoxSettings settings = m_box->settingsAs<BoxSettings>();
+    settings.httpPort = Fixtures::closedPort();
     try {
         await(WebIf(settings).reloadServices(0));
         QFAIL("no error thrown");
@@ -275,7 +271,7 @@ void WebIfTest::transportFailures()
 
 void WebIfTest::noHost()
 {
-    BoxSettings settings = settingsFor(*m_box);
+    BoxSettings settings = m_box->settingsAs<BoxSettings>();
     settings.host = u" "_s;
     const qsizetype requests = m_box->journal().size();
     const BoxLogWatch watch;

@@ -84,6 +84,20 @@ public:
     QString root() const;
     QString path(const QString &boxPath) const;
     FakeBoxConnection connection() const;
+    // The connection as any settings record with the fields host, ftpPort, httpPort, telnetPort,
+    // user and password, e.g. box.settingsAs<BoxSettings>(); this library does not link the box's.
+    template<typename Settings>
+    Settings settingsAs() const
+    {
+        Settings settings;
+        settings.host = m_connection.host;
+        settings.ftpPort = m_connection.ftpPort;
+        settings.httpPort = m_connection.httpPort;
+        settings.telnetPort = m_connection.telnetPort;
+        settings.user = m_connection.user;
+        settings.password = m_connection.password;
+        return settings;
+    }
     // Every request so far, in arrival order.
     QList<FakeBoxRequest> journal() const;
 
