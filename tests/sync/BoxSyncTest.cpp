@@ -49,6 +49,10 @@ private slots:
 
 private:
     QString workDir() const { return Paths::dataDir() + u"/127.0.0.1"_s; }
+    // The double for a fault of the data rows ("drop": the connection closes after 4 kB), and the
+    // settings that reach it ("wrong password", "unreachable").
+    static FakeBoxOptions optionsFor(const QString &fault);
+    static BoxSettings settingsWith(const FakeBox &box, const QString &fault);
     // A writable copy of a corpus folder, opened by the store: the document before a box operation.
     void openLocalCopy(Store &store, const QString &corpus);
 
@@ -67,6 +71,24 @@ void BoxSyncTest::init()
     QDir(Paths::dataDir()).removeRecursively();
     QDir(m_local.path()).removeRecursively();
     QDir().mkpath(m_local.path());
+}
+
+FakeBoxOptions BoxSyncTest::optionsFor(const QString &fault)
+{
+    FakeBoxOptions options;
+    if (fault == u"drop")
+        options.dropAfter = 4096;
+    return options;
+}
+
+BoxSettings BoxSyncTest::settingsWith(const FakeBox &box, const QString &fault)
+{
+    if (fault == u"unreachable")
+        return unreachableSettings();
+    BoxSettings settings = settingsFor(box);
+    if (fault == u"wrong password")
+        settings.password = u"wrong"_s;
+    return settings;
 }
 
 void BoxSyncTest::openLocalCopy(Store &store, const QString &corpus)
@@ -91,14 +113,12 @@ void BoxSyncTest::roundTrip()
     const QString satellites = corpusFolder(u"satellites-xml/oe-alliance-tuxbox-common/src/satellites.xml"_s);
     QVERIFY(TestSupport::writeFile(box.path(u"/etc/tuxbox/satellites.xml"_s), TestSupport::readFile(satellites)));
 
-    Store store;
-    store.setSettings(settingsFor(box));
-    Backups backups(store);
-    BoxSync sync(store, backups);
+    Session session(settingsFor(box));
+    Store &store = session.store;
     BusyTrail trail(store);
     LogWatch log;
 
-    QCoro::waitFor(sync.downloadFromBox());
+    QCoro::waitFor(session.sync.downloadFromBox());
     QCOMPARE(store.errorMessage(), std::nullopt);
     QCOMPARE(store.folder(), workDir());
     QStringList downloaded = names + QStringList{u"satellites.xml"_s};
@@ -135,7 +155,7 @@ void BoxSyncTest::roundTrip()
     QVERIFY(store.isDirty());
 
     trail.clear();
-    QCoro::waitFor(sync.uploadToBox());
+    QCoro::waitFor(session.sync.uploadToBox());
     QCOMPARE(store.errorMessage(), std::nullopt);
     QVERIFY(!store.isDirty());
     labels = trail.labels();
@@ -177,11 +197,9 @@ void BoxSyncTest::roundTrip()
     QCOMPARE(reloads.first().value(u"mode"_s), u"0"_s);
 
     // A second document from the box shows the edits; sending bouquets only reloads with mode 2.
-    Store again;
-    again.setSettings(settingsFor(box));
-    Backups againBackups(again);
-    BoxSync againSync(again, againBackups);
-    QCoro::waitFor(againSync.downloadFromBox());
+    Session second(settingsFor(box));
+    Store &again = second.store;
+    QCoro::waitFor(second.sync.downloadFromBox());
     QCOMPARE(again.errorMessage(), std::nullopt);
     QCOMPARE(again.serviceIndex().value(service->key).name, u"Prüfsender Ä"_s);
     const QList<Bouquet> tv = again.bouquets().value(MediaKind::tv);
@@ -189,7 +207,7 @@ void BoxSyncTest::roundTrip()
     again.setSelectedBouquetID(tv.first().id);
     again.moveEntries({1}, 0);
     BusyTrail againTrail(again);
-    QCoro::waitFor(againSync.uploadToBox());
+    QCoro::waitFor(second.sync.uploadToBox());
     QCOMPARE(again.errorMessage(), std::nullopt);
     const std::optional<QStringList> bouquetsOnly = progress(againTrail.labels(), u"Sende"_s);
     QVERIFY(bouquetsOnly);
@@ -233,18 +251,16 @@ void BoxSyncTest::testConnection()
     QVERIFY2(box.isRunning(), qPrintable(box.errorString()));
     for (const QString &file : std::as_const(files))
         QVERIFY(TestSupport::writeFile(box.path(u"/etc/enigma2/"_s + file), "x\n"));
-    Store store;
     BoxSettings settings = settingsFor(box);
     settings.directory = directory;
     settings.password = password;
-    store.setSettings(settings);
-    Backups backups(store);
-    BoxSync sync(store, backups);
+    Session session(settings);
+    Store &store = session.store;
     BusyTrail trail(store);
     LogWatch log;
     const QString before = store.status();
 
-    QCoro::waitFor(sync.testConnection());
+    QCoro::waitFor(session.sync.testConnection());
     QCOMPARE(trail.labels(), QStringList({u"Teste Verbindung…"_s, u"-"_s}));
     QCOMPARE(log.entries().first(), u">>>  Aufgabe    Teste Verbindung – Box 127.0.0.1"_s);
     if (error.isEmpty()) {
@@ -276,37 +292,26 @@ void BoxSyncTest::downloadFailureKeepsEverything()
     QFETCH(QString, message);
     QFETCH(int, code);
 
-    FakeBoxOptions options;
-    if (fault == u"drop")
-        options.dropAfter = 4096;
-    FakeBox box(options);
+    FakeBox box(optionsFor(fault));
     QVERIFY2(box.isRunning(), qPrintable(box.errorString()));
-    const QString source = corpusFolder(u"mtcnl-ziggo-cable"_s);
-    copyToBox(box, source, fault == u"no database" ? QStringList{u"bouquets.tv"_s, u"userbouquet.dbe00.tv"_s}
-                                                    : QStringList{});
-    BoxSettings settings = settingsFor(box);
-    if (fault == u"wrong password")
-        settings.password = u"wrong"_s;
-    if (fault == u"unreachable")
-        settings = unreachableSettings();
+    copyToBox(box, corpusFolder(u"mtcnl-ziggo-cable"_s),
+              fault == u"no database" ? QStringList{u"bouquets.tv"_s, u"userbouquet.dbe00.tv"_s} : QStringList{});
 
     // A work folder from an earlier download and an open document that must both survive.
     QVERIFY(TestSupport::writeFile(workDir() + u"/lamedb"_s, "earlier download\n"));
-    Store store;
+    Session session(settingsWith(box, fault));
+    Store &store = session.store;
     openLocalCopy(store, u"horsti58-enigma2-settings/enigma2"_s);
     const QString folder = store.folder();
     const qsizetype services = store.services().size();
-    store.setSettings(settings);
-    Backups backups(store);
-    BoxSync sync(store, backups);
 
-    const std::optional<Failure> failure = failureOf(sync.runDownload());
+    const std::optional<Failure> failure = failureOf(session.sync.runDownload());
     QVERIFY(failure);
     QVERIFY2(failure->description.startsWith(message), qPrintable(failure->description));
     QCOMPARE(failure->code, code);
     if (code)
         QCOMPARE(failure->domain, u"Corvandel"_s);
-    QCoro::waitFor(sync.downloadFromBox());
+    QCoro::waitFor(session.sync.downloadFromBox());
     QCOMPARE(store.errorMessage(), std::optional<QString>(failure->description));
     QCOMPARE(store.busy(), std::nullopt);
 
@@ -329,38 +334,27 @@ void BoxSyncTest::uploadSendsNothingWithoutBackup()
 {
     QFETCH(QString, fault);
 
-    FakeBoxOptions options;
-    if (fault == u"drop")
-        options.dropAfter = 4096;
-    FakeBox box(options);
+    FakeBox box(optionsFor(fault));
     QVERIFY2(box.isRunning(), qPrintable(box.errorString()));
     const QString source = corpusFolder(u"mtcnl-ziggo-cable"_s);
     copyToBox(box, source);
-    BoxSettings settings = settingsFor(box);
-    if (fault == u"wrong password")
-        settings.password = u"wrong"_s;
-    if (fault == u"unreachable")
-        settings = unreachableSettings();
-
-    Store store;
+    Session session(settingsWith(box, fault));
+    Store &store = session.store;
     openLocalCopy(store, u"mtcnl-ziggo-cable"_s);
     store.renameBouquet(store.currentBouquets().first().id, u"Geändert"_s);
-    store.setSettings(settings);
-    Backups backups(store);
-    BoxSync sync(store, backups);
 
-    const std::optional<Failure> failure = failureOf(sync.runUpload());
+    const std::optional<Failure> failure = failureOf(session.sync.runUpload());
     QVERIFY(failure);
     QVERIFY2(failure->description.startsWith(u"Sicherung fehlgeschlagen, es wurde nichts gesendet: FTP-Fehler: "_s),
              qPrintable(failure->description));
     QCOMPARE(failure->domain, u"Corvandel"_s);
     QCOMPARE(failure->code, 3);
-    QCoro::waitFor(sync.uploadToBox());
+    QCoro::waitFor(session.sync.uploadToBox());
     QVERIFY(store.errorMessage().value_or(QString()).startsWith(u"Sicherung fehlgeschlagen, es wurde nichts gesendet: "_s));
 
     QVERIFY(store.isDirty());
     QVERIFY(store.backups().isEmpty());
-    QCOMPARE(entries(backups.backupFolder()), QStringList());
+    QCOMPARE(entries(session.backups.backupFolder()), QStringList());
     QVERIFY(!QFileInfo::exists(workDir()));
     QVERIFY(sameFiles(source, box.path(u"/etc/enigma2"_s), QDir(source).entryList(QDir::Files)));
     QVERIFY(requests(box, u"/web/servicelistreload"_s).isEmpty());
@@ -377,11 +371,9 @@ void BoxSyncTest::uploadInterrupted()
     const QStringList names = listFileNames(source);
     copyToBox(*box, source);
 
-    Store store;
-    store.setSettings(settingsFor(*box));
-    Backups backups(store);
-    BoxSync sync(store, backups);
-    QCoro::waitFor(sync.downloadFromBox());
+    Session session(settingsFor(*box));
+    Store &store = session.store;
+    QCoro::waitFor(session.sync.downloadFromBox());
     QCOMPARE(store.errorMessage(), std::nullopt);
     store.renameService(store.services().first().key, u"Umbenannt"_s);
 
@@ -389,7 +381,7 @@ void BoxSyncTest::uploadInterrupted()
     BusyTrail trail(store);
     trail.onLabel([](const QString &label) { return label.startsWith(u"Sende ") && label.contains(u" (2/"); },
                   [&box] { box.reset(); });
-    QCoro::waitFor(sync.uploadToBox());
+    QCoro::waitFor(session.sync.uploadToBox());
     QVERIFY(!box);
     QVERIFY2(store.errorMessage().value_or(QString()).startsWith(u"FTP-Fehler: "_s),
              qPrintable(store.errorMessage().value_or(QString())));
@@ -413,15 +405,13 @@ void BoxSyncTest::uploadWithRefusedReload()
     FakeBox box(options);
     QVERIFY2(box.isRunning(), qPrintable(box.errorString()));
     copyToBox(box, corpusFolder(u"mtcnl-ziggo-cable"_s));
-    Store store;
-    store.setSettings(settingsFor(box));
-    Backups backups(store);
-    BoxSync sync(store, backups);
-    QCoro::waitFor(sync.downloadFromBox());
+    Session session(settingsFor(box));
+    Store &store = session.store;
+    QCoro::waitFor(session.sync.downloadFromBox());
     store.renameBouquet(store.currentBouquets().first().id, u"Geändert"_s);
 
     BusyTrail trail(store);
-    QCoro::waitFor(sync.uploadToBox());
+    QCoro::waitFor(session.sync.uploadToBox());
     QCOMPARE(store.errorMessage(), std::nullopt);
     QVERIFY(!store.isDirty());
     const std::optional<QStringList> sent = progress(trail.labels(), u"Sende"_s);
@@ -439,16 +429,14 @@ void BoxSyncTest::uploadToEmptyBox()
 {
     FakeBox box;
     QVERIFY2(box.isRunning(), qPrintable(box.errorString()));
-    Store store;
+    Session session(settingsFor(box));
+    Store &store = session.store;
     openLocalCopy(store, u"mtcnl-ziggo-cable"_s);
-    store.setSettings(settingsFor(box));
-    Backups backups(store);
-    BoxSync sync(store, backups);
 
-    QCoro::waitFor(sync.uploadToBox());
+    QCoro::waitFor(session.sync.uploadToBox());
     QCOMPARE(store.errorMessage(), std::nullopt);
     QVERIFY(store.backups().isEmpty());
-    QVERIFY(!QFileInfo::exists(backups.backupFolder()));
+    QVERIFY(!QFileInfo::exists(session.backups.backupFolder()));
     // Saved into another folder than it came from, the list goes out complete.
     const QString source = corpusFolder(u"mtcnl-ziggo-cable"_s);
     const QStringList sent = listFileNames(box.path(u"/etc/enigma2"_s));
@@ -493,14 +481,12 @@ void BoxSyncTest::hostileNameOnTheBox()
     // A name that a Windows-minded reader would take for a path two folders up.
     const QString hostile = u"userbouquet.x\\..\\..\\escape.tv"_s;
     QVERIFY(TestSupport::writeFile(box.path(u"/etc/enigma2/"_s + hostile), "#NAME escape\n"));
-    Store store;
-    store.setSettings(settingsFor(box));
-    Backups backups(store);
-    BoxSync sync(store, backups);
+    Session session(settingsFor(box));
+    Store &store = session.store;
 
-    QCoro::waitFor(sync.downloadFromBox());
+    QCoro::waitFor(session.sync.downloadFromBox());
     QCOMPARE(store.errorMessage(), std::nullopt);
-    QCoro::waitFor(backups.backupNow());
+    QCoro::waitFor(session.backups.backupNow());
     QCOMPARE(store.errorMessage(), std::nullopt);
     QCOMPARE(entries(workDir()), listFileNames(source));
     QCOMPARE(store.backups().size(), 1);
@@ -555,12 +541,11 @@ void BoxSyncTest::foldersMergeOncePerSession()
     FakeBox box;
     QVERIFY2(box.isRunning(), qPrintable(box.errorString()));
     copyToBox(box, corpusFolder(u"mtcnl-ziggo-cable"_s));
-    Store store;
     BoxSettings settings = settingsFor(box);
     settings.host = u"localhost"_s;
-    store.setSettings(settings);
     LogWatch log;
-    Backups backups(store);
+    Session session(settings);
+    Store &store = session.store;
 
     // Listed at once: the backup made under the name now belongs to the address.
     QCOMPARE(store.backups(), QStringList{data + u"/Sicherungen/127.0.0.1/2024-01-02_03-04-05"_s});
@@ -577,8 +562,7 @@ void BoxSyncTest::foldersMergeOncePerSession()
 
     // Later in the session the name is known: no second merge, the download lands under the address.
     QVERIFY(TestSupport::writeFile(data + u"/Picons/localhost/later.png"_s, "png"));
-    BoxSync sync(store, backups);
-    QCoro::waitFor(sync.downloadFromBox());
+    QCoro::waitFor(session.sync.downloadFromBox());
     QCOMPARE(store.errorMessage(), std::nullopt);
     QCOMPARE(store.folder(), data + u"/127.0.0.1"_s);
     QVERIFY(QFileInfo::exists(data + u"/Picons/localhost/later.png"_s));
@@ -587,15 +571,14 @@ void BoxSyncTest::foldersMergeOncePerSession()
 
 void BoxSyncTest::repairNeedsDamagedLines()
 {
-    Store store;
-    Backups backups(store);
-    BoxSync sync(store, backups);
+    Session session(BoxSettings{});
+    Store &store = session.store;
     const QString before = store.status();
-    sync.prepareLamedbRepair();
+    session.sync.prepareLamedbRepair();
     QCOMPARE(store.status(), before);
 
     openLocalCopy(store, u"mtcnl-ziggo-cable"_s);
-    sync.prepareLamedbRepair();
+    session.sync.prepareLamedbRepair();
     QCOMPARE(store.lamedbRepairCount(), std::nullopt);
     QCOMPARE(store.status(), u"In der lamedb gibt es keine falsch kodierten Zeichen."_s);
 }
@@ -606,17 +589,15 @@ void BoxSyncTest::repairWhenBoxIsClean()
     QVERIFY2(box.isRunning(), qPrintable(box.errorString()));
     const QString clean = corpusFolder(u"horsti58-enigma2-settings/enigma2"_s);
     copyToBox(box, clean);
-    Store store;
+    Session session(settingsFor(box));
+    Store &store = session.store;
     openLocalCopy(store, u"djgueto-listadecanales"_s);
     const QString folder = store.folder();
-    store.setSettings(settingsFor(box));
-    Backups backups(store);
-    BoxSync sync(store, backups);
 
-    sync.prepareLamedbRepair();
+    session.sync.prepareLamedbRepair();
     QVERIFY(store.lamedbRepairCount().value_or(0) > 0);
     BusyTrail trail(store);
-    QCoro::waitFor(sync.repairLamedbOnBox());
+    QCoro::waitFor(session.sync.repairLamedbOnBox());
     QCOMPARE(store.errorMessage(), std::nullopt);
     QCOMPARE(store.lamedbRepairCount(), std::nullopt);
     QCOMPARE(store.status(), u"Nichts zu reparieren."_s);
@@ -644,19 +625,17 @@ void BoxSyncTest::repairDamagedLamedb5()
     lamedb5.replace("# Transponders:", "# Transponders\xff:");
     QVERIFY(TestSupport::writeFile(box.path(u"/etc/enigma2/lamedb5"_s), lamedb5));
 
-    Store store;
-    store.setSettings(settingsFor(box));
-    Backups backups(store);
-    BoxSync sync(store, backups);
-    QCoro::waitFor(sync.downloadFromBox());
+    Session session(settingsFor(box));
+    Store &store = session.store;
+    QCoro::waitFor(session.sync.downloadFromBox());
     QCOMPARE(store.errorMessage(), std::nullopt);
-    sync.prepareLamedbRepair();
+    session.sync.prepareLamedbRepair();
     const int count = store.lamedbRepairCount().value_or(0);
     QVERIFY(count > 0);
 
     LogWatch log;
     BusyTrail trail(store);
-    QCoro::waitFor(sync.repairLamedbOnBox());
+    QCoro::waitFor(session.sync.repairLamedbOnBox());
     QCOMPARE(store.errorMessage(), std::nullopt);
     const QStringList repairLabels{u"Repariere Zeichen in der lamedb…"_s, u"Repariere lamedb5…"_s,
                                    u"Lade die Senderliste auf der Box neu…"_s, u"-"_s};
@@ -687,7 +666,7 @@ void BoxSyncTest::repairDamagedLamedb5()
     QCOMPARE(TestSupport::readFile(store.backups().first() + u"/lamedb5"_s), lamedb5);
     QVERIFY(store.status().startsWith(u"Von 127.0.0.1 geladen: "_s));
     QCOMPARE(TestSupport::readFile(workDir() + u"/lamedb5"_s), repaired);
-    sync.prepareLamedbRepair();
+    session.sync.prepareLamedbRepair();
     QCOMPARE(store.status(), u"In der lamedb gibt es keine falsch kodierten Zeichen."_s);
 }
 

@@ -3,7 +3,6 @@
 #include "BoxListing.h"
 #include "BoxLog.h"
 #include "Error.h"
-#include "Store.h"
 #include "TestSupport.h"
 
 #include <QDir>
@@ -16,17 +15,14 @@ using namespace Qt::StringLiterals;
 
 namespace SyncFixture {
 
+Session::Session(const BoxSettings &settings)
+{
+    store.setSettings(settings);
+}
+
 BoxSettings settingsFor(const FakeBox &box)
 {
-    const FakeBoxConnection connection = box.connection();
-    BoxSettings settings;
-    settings.host = connection.host;
-    settings.ftpPort = connection.ftpPort;
-    settings.httpPort = connection.httpPort;
-    settings.telnetPort = connection.telnetPort;
-    settings.user = connection.user;
-    settings.password = connection.password;
-    return settings;
+    return box.settingsAs<BoxSettings>();
 }
 
 BoxSettings unreachableSettings()

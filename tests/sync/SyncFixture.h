@@ -1,7 +1,10 @@
 #pragma once
 
+#include "Backups.h"
 #include "BoxSettings.h"
+#include "BoxSync.h"
 #include "FakeBox.h"
+#include "Store.h"
 
 #include <QCoroTask>
 #include <QObject>
@@ -11,11 +14,18 @@
 #include <functional>
 #include <optional>
 
-class Store;
-
 // Helpers of the tests of the box operations: settings for the receiver test double, channel
 // lists copied onto it, awaiting operations that throw, and what the store and the log showed.
 namespace SyncFixture {
+
+// A store with its backups and box operations, pointed at a box.
+struct Session
+{
+    explicit Session(const BoxSettings &settings);
+    Store store;
+    Backups backups{store};
+    BoxSync sync{store, backups};
+};
 
 BoxSettings settingsFor(const FakeBox &box);
 // Settings that reach nobody: a loopback port on which nothing listens.
