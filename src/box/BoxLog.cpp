@@ -61,6 +61,7 @@ public:
 
     void clear()
     {
+        // Emptied rather than removed: revealing the log in the file manager still finds it.
         QFile file(m_filePath);
         if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
             file.close();
@@ -115,6 +116,7 @@ BoxLog::BoxLog(const QString &folder, Clock clock, QObject *parent)
     , m_clock(clock ? std::move(clock) : Clock([] { return QDateTime::currentDateTime(); }))
 {
     QDir().mkpath(folder);
+    // One thread owns the file: entries from any thread are appended in the order of the calls.
     m_thread = new QThread;
     m_thread->setObjectName(u"Corvandel.BoxLog"_s);
     m_worker = new Worker(this, m_filePath);

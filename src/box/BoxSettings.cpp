@@ -50,6 +50,8 @@ QString accountOf(const QString &user, const QString &host)
 
 } // namespace
 
+// Neither load nor save reports errors: missing values fall back to the defaults, an unreadable
+// password is empty and a failed write of it is dropped.
 BoxSettings BoxSettings::load()
 {
     migrateFromOldName();

@@ -27,6 +27,12 @@ QString seconds(double value)
     return QString::asprintf("%.2f s", value);
 }
 
+void requirePlainName(const QString &name)
+{
+    if (!FTPClient::isPlainName(name))
+        throw MessageError(tr("Ungültiger Dateiname für die Box: ") + name);
+}
+
 } // namespace
 
 FTPClient::FTPClient(BoxSettings settings)
@@ -150,6 +156,11 @@ QString FTPClient::failureMessage(const QString &action, double elapsed, int sta
     return message;
 }
 
+bool FTPClient::isPlainName(const QString &name)
+{
+    return !name.isEmpty() && name != u"." && name != u".." && !name.contains(u'/') && !name.contains(QChar(0));
+}
+
 QString FTPClient::curlProgram()
 {
     const QString preferred = u"/usr/bin/curl"_s;
@@ -179,6 +190,7 @@ QCoro::Task<QByteArray> FTPClient::download(QString name) const
 
 QCoro::Task<void> FTPClient::upload(QString file, QString as) const
 {
+    requirePlainName(as);
     const QStringList lines{line(u"url"_s, fileURL(m_settings.normalizedDirectory(), as)),
                             line(u"upload-file"_s, file)};
     co_await run(lines);
@@ -187,8 +199,10 @@ QCoro::Task<void> FTPClient::upload(QString file, QString as) const
 QCoro::Task<void> FTPClient::upload(QList<Upload> files, QString to) const
 {
     QStringList lines{u"ftp-create-dirs"_s};
-    for (const Upload &upload : std::as_const(files))
+    for (const Upload &upload : std::as_const(files)) {
+        requirePlainName(upload.name);
         lines << line(u"upload-file"_s, upload.file) << line(u"url"_s, fileURL(to, upload.name));
+    }
     if (files.isEmpty())
         co_return;
     co_await run(lines);
@@ -196,6 +210,8 @@ QCoro::Task<void> FTPClient::upload(QList<Upload> files, QString to) const
 
 QCoro::Task<int> FTPClient::download(QStringList names, QString from, QString to) const
 {
+    // A name from a hostile box such as "../../.bashrc" must not write outside the folder.
+    names.removeIf([](const QString &name) { return !isPlainName(name); });
     QStringList lines;
     for (const QString &name : std::as_const(names))
         lines << line(u"url"_s, fileURL(from, name)) << line(u"output"_s, to + u'/' + name);
@@ -256,6 +272,7 @@ QCoro::Task<QByteArray> FTPClient::run(QStringList lines) const
     output += process.readAllStandardOutput();
     const QString errorText = QString::fromUtf8(Utf8::repaired(process.readAllStandardError())).trimmed();
     const double elapsed = clock.elapsed() / 1000.0;
+    // A curl killed by a signal has no exit code of its own; -1 has no hint and reads as a failure.
     const int status = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
     if (status == 0) {
         log.write(BoxLog::Level::ok, u"FTP"_s, successMessage(action, elapsed, output.size(), errorText));

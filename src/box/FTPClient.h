@@ -31,12 +31,13 @@ public:
     QCoro::Task<QStringList> list(QString directory) const;
     // A file of the settings' folder, into memory.
     QCoro::Task<QByteArray> download(QString name) const;
-    // A local file into the settings' folder under the given name.
+    // A local file into the settings' folder under the given name. Names that would leave the
+    // folder are refused with a MessageError before anything runs.
     QCoro::Task<void> upload(QString file, QString as) const;
     // Several files in one connection into a folder that is created when missing.
     QCoro::Task<void> upload(QList<Upload> files, QString to) const;
-    // Several files in one connection; names missing on the box are skipped. Returns how many
-    // of the names now exist in the local folder.
+    // Several files in one connection; names missing on the box, and names that would leave the
+    // local folder, are skipped. Returns how many of the names now exist in the local folder.
     QCoro::Task<int> download(QStringList names, QString from, QString to) const;
     // One curl run with the operation's configuration lines; returns curl's standard output.
     QCoro::Task<QByteArray> run(QStringList lines) const;
@@ -52,6 +53,8 @@ public:
     static QStringList listing(const QByteArray &output);
     static QString successMessage(const QString &action, double seconds, qint64 bytes, const QString &notes);
     static QString failureMessage(const QString &action, double seconds, int status, const QString &errorText);
+    // A name that stays inside its folder: not empty, not "." or "..", no slash.
+    static bool isPlainName(const QString &name);
     // /usr/bin/curl, else the curl found on PATH.
     static QString curlProgram();
 

@@ -138,6 +138,7 @@ void storeWrite(const QString &value, const QString &account, const QString &ser
         }
         auto *job = new QKeychain::WritePasswordJob(service);
         job->setKey(account);
+        // Stored as text, so that the desktop's password manager shows it readably.
         job->setTextData(value);
         return job;
     });
@@ -221,6 +222,7 @@ namespace Keychain {
 
 std::optional<QString> read(const QString &account, const QString &service)
 {
+    // Read as bytes, so that an item that is not UTF-8 counts as no password.
     const std::optional<QByteArray> bytes =
         usesFallbackFile() ? fileRead(account, service) : storeRead(account, service);
     if (!bytes || !Utf8::isValid(*bytes))

@@ -29,6 +29,7 @@ public:
         std::chrono::milliseconds command{15'000};
     };
 
+    // The client holds the connection while run() is under way: keep it alive until run() ends.
     explicit TelnetClient(BoxSettings settings);
     ~TelnetClient();
 

@@ -203,6 +203,7 @@ QCoro::Task<QByteArray> WebIf::get(QString path, Query query, std::chrono::milli
         co_await finished.outcome();
     }
 
+    // A status code means the box answered (401 and 500 included); without one it did not.
     const QVariant status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute);
     if (!status.isValid()) {
         const QString reason = transportFailure(*reply);

@@ -324,6 +324,15 @@ void FTPClientTest::manyFiles()
     QVERIFY(secondWatch.entries().value(1).startsWith(u"ERR  FTP        Herunterladen fehlgeschlagen nach "_s));
     QVERIFY(secondWatch.entries().value(1).contains(u": curl-Code 78 (Datei auf der Box nicht gefunden) – "_s));
 
+    // A name that would leave the local folder is skipped, although the box has such a file.
+    QVERIFY(TestSupport::writeFile(m_box->path(u"/etc/outside.tv"_s), "hostile"));
+    QTemporaryDir parent;
+    const QString target = parent.filePath(u"picons"_s);
+    QVERIFY(QDir().mkpath(target));
+    QCOMPARE(await(ftp.download(QStringList{u"../outside.tv"_s, u"lamedb"_s, u".."_s}, u"/etc/enigma2/"_s, target)), 1);
+    QVERIFY(!QFile::exists(parent.filePath(u"outside.tv"_s)));
+    QCOMPARE(QDir(target).entryList(QDir::Files), QStringList{u"lamedb"_s});
+
     // Nothing there at all is no error either; a folder that is missing is.
     QTemporaryDir empty;
     QCOMPARE(await(ftp.download(QStringList{u"a.png"_s, u"b.png"_s}, u"/media/hdd/picon/"_s, empty.path())), 0);
@@ -350,6 +359,16 @@ void FTPClientTest::uploads()
     QCOMPARE(TestSupport::readFile(m_box->path(u"/media/usb/neue picons/1_0_19_[A].png"_s)), QByteArray("\x89PNG one"));
     QCOMPARE(TestSupport::readFile(m_box->path(u"/media/usb/neue picons/b c#.png"_s)), QByteArray("\x89PNG two"));
     QVERIFY(watch.messages(u"FTP"_s).value(2).startsWith(u"Hochladen: 2 Dateien, z. B. ftp://"_s));
+
+    // Names that would leave the folder on the box are refused before anything runs.
+    const BoxLogWatch refused;
+    for (const QString &name : {u"../escape.tv"_s, u".."_s, QString()}) {
+        QVERIFY_THROWS_EXCEPTION(MessageError, await(ftp.upload(local.filePath(u"bouquet"_s), name)));
+        QVERIFY_THROWS_EXCEPTION(MessageError, await(ftp.upload(QList<FTPClient::Upload>{{local.filePath(u"one.png"_s), name}},
+                                                                u"/media/usb/"_s)));
+    }
+    QCOMPARE(refused.lines(), QStringList());
+    QVERIFY(!QFile::exists(m_box->path(u"/etc/escape.tv"_s)));
 
     // No files: nothing to run.
     const BoxLogWatch idle;
