@@ -7,6 +7,8 @@ trap 'rm -rf "$home"' EXIT INT TERM
 mkdir -p "$home/data" "$home/config" "$home/runtime"
 chmod 700 "$home/runtime"
 export HOME="$home" XDG_DATA_HOME="$home/data" XDG_CONFIG_HOME="$home/config" XDG_RUNTIME_DIR="$home/runtime"
+# Keeps TestSupport::isolateUserFolders() from cutting the private bus.
+export CORVANDEL_TEST_KEYRING=1
 # gnome-keyring creates the login keyring (the default collection) only for a non-empty unlock
 # password; without one, every write would wait for a prompt that cannot appear here.
 dbus-run-session -- sh -c '

@@ -18,6 +18,10 @@ QString isolateUserFolders()
         QDir().mkpath(dir);
         qputenv(name, dir.toUtf8());
     }
+    // Passwords would go to the desktop's real keyring: cut the session bus, so that they land in
+    // the file fallback below XDG_DATA_HOME. tests/box/with-keyring.sh brings a private keyring.
+    if (!qEnvironmentVariableIsSet("CORVANDEL_TEST_KEYRING"))
+        qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent/corvandel-test-bus");
     return home.path();
 }
 

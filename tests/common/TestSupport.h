@@ -9,7 +9,9 @@ namespace TestSupport {
 
 // Points XDG_CONFIG_HOME, XDG_DATA_HOME, XDG_STATE_HOME and XDG_CACHE_HOME at a fresh temporary
 // folder that lives as long as the process, so that no test touches a user's settings, log,
-// password file or data. Call it first thing (initTestCase), before any settings are read.
+// password file or data, and cuts the session bus so that no password reaches the desktop's
+// keyring (unless CORVANDEL_TEST_KEYRING is set, by tests/box/with-keyring.sh). Call it first
+// thing (initTestCase), before any settings are read.
 // Returns that folder.
 QString isolateUserFolders();
 
