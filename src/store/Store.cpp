@@ -755,9 +755,11 @@ QStringList Store::save(const QString &to)
 QCoro::Task<> Store::saveToCurrentFolder()
 {
     if (m_folder.isEmpty())
-        co_return;
+        return finished();
+    // Not a coroutine itself: GCC 12 destroys some temporaries of a co_await expression twice,
+    // such as the function converted from this lambda.
     const QString folder = m_folder;
-    co_await perform(tr("Speichere…"), [this, folder]() -> QCoro::Task<> {
+    return perform(tr("Speichere…"), [this, folder]() -> QCoro::Task<> {
         save(folder);
         setDirty(false);
         setStatus(tr("Gespeichert in %1.").arg(folder));
@@ -780,6 +782,11 @@ QCoro::Task<> Store::perform(const QString &label, std::function<QCoro::Task<>()
     const QString logLabel = label.mid(begin, end - begin);
     BoxLog::shared().write(BoxLog::Level::task, u"Aufgabe"_s, logLabel + u" – Box "_s + m_settings.host);
     return run(logLabel, std::move(operation));
+}
+
+QCoro::Task<> Store::finished()
+{
+    co_return;
 }
 
 QCoro::Task<> Store::run(QString logLabel, std::function<QCoro::Task<>()> operation)

@@ -227,6 +227,7 @@ signals:
     void operationFinished();
 
 private:
+    static QCoro::Task<> finished();
     QCoro::Task<> run(QString logLabel, std::function<QCoro::Task<>()> operation);
     void setBouquets(const BouquetLists &bouquets);
     void setServiceEdits(const ServiceEdits &edits);
