@@ -17,6 +17,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -64,9 +65,12 @@ QCoro::Task<> BoxSync::repairLamedbOnBox()
     m_store.setLamedbRepairCount(std::nullopt);
     QPointer<BoxSync> self(this);
     bool repaired = false;
-    co_await m_store.perform(tr("Repariere Zeichen in der lamedb…"), [this, &repaired]() -> QCoro::Task<> {
+    // Named, not a temporary: GCC 12 destroys a lambda inside a co_await expression twice when the
+    // awaited task has already finished.
+    std::function<QCoro::Task<>()> operation = [this, &repaired]() -> QCoro::Task<> {
         repaired = co_await runRepair();
-    });
+    };
+    co_await m_store.perform(tr("Repariere Zeichen in der lamedb…"), std::move(operation));
     // The open document should show what the box now holds.
     if (self && repaired)
         co_await downloadFromBox();

@@ -581,6 +581,15 @@ void BoxSyncTest::repairNeedsDamagedLines()
     session.sync.prepareLamedbRepair();
     QCOMPARE(store.lamedbRepairCount(), std::nullopt);
     QCOMPARE(store.status(), u"In der lamedb gibt es keine falsch kodierten Zeichen."_s);
+
+    // Without a box address the repair ends before anything happens, and no download follows.
+    const QString folder = store.folder();
+    BusyTrail trail(store);
+    QCoro::waitFor(session.sync.repairLamedbOnBox());
+    QCOMPARE(store.errorMessage(),
+             std::optional<QString>(u"Bitte zuerst in den Einstellungen die IP-Adresse der Box eintragen."_s));
+    QCOMPARE(trail.labels(), QStringList({u"Repariere Zeichen in der lamedb…"_s, u"-"_s}));
+    QCOMPARE(store.folder(), folder);
 }
 
 void BoxSyncTest::repairWhenBoxIsClean()
