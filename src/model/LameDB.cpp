@@ -42,9 +42,28 @@ struct ServiceHeader
     quint32 type = 1;
 };
 
+// The layout the box writes, "%04x:%08x:%04x:%04x:type:number", read without splitting. Any other
+// text gives none, and the general reading below decides.
+std::optional<ServiceHeader> boxHeader(QByteArrayView text, int minimumPieces)
+{
+    const char *p = text.data();
+    if (text.size() < 26 || p[4] != ':' || p[13] != ':' || p[18] != ':' || p[23] != ':')
+        return std::nullopt;
+    const auto sid = TextScan::fixedHex<4>(p);
+    const auto ns = TextScan::fixedHex<8>(p + 5);
+    const auto tsid = TextScan::fixedHex<4>(p + 14);
+    const auto onid = TextScan::fixedHex<4>(p + 19);
+    QByteArrayView rest[2];
+    if (!sid || !ns || !tsid || !onid || TextScan::splitPieces(text.sliced(24), ':', rest, 2) < minimumPieces - 4)
+        return std::nullopt;
+    return ServiceHeader{ServiceKey{*sid, *tsid, *onid, *ns}, TextScan::unsignedDecimal(rest[0]).value_or(1)};
+}
+
 // "sid:namespace:tsid:onid:type[:number...]" with at least `minimumPieces` non-empty pieces.
 std::optional<ServiceHeader> serviceHeader(QByteArrayView text, int minimumPieces)
 {
+    if (const auto header = boxHeader(text, minimumPieces))
+        return header;
     QByteArrayView pieces[6];
     std::optional<quint32> values[6];
     if (TextScan::splitHexPieces(text, ':', pieces, values, minimumPieces) < minimumPieces)
@@ -86,7 +105,8 @@ std::optional<ServiceLine> serviceLine(QByteArrayView line)
 // The bytes after "p:" of the first comma-separated piece that starts with it.
 std::optional<QByteArrayView> providerBytes(QByteArrayView line)
 {
-    qsizetype start = 0;
+    // Format 5 puts it first: ",p:name,c:...".
+    qsizetype start = line.startsWith(",p:") ? 1 : 0;
     while (start < line.size()) {
         qsizetype end = TextScan::indexOf(line, ',', start);
         if (end < 0)
@@ -99,6 +119,15 @@ std::optional<QByteArrayView> providerBytes(QByteArrayView line)
     return std::nullopt;
 }
 
+// Lines of a text counted at line feeds only: cheap, and close enough to size the service list.
+qsizetype lineFeeds(QByteArrayView text)
+{
+    qsizetype count = 0;
+    for (qsizetype at = TextScan::indexOf(text, '\n'); at >= 0; at = TextScan::indexOf(text, '\n', at + 1))
+        ++count;
+    return count;
+}
+
 // Builds one parse result; repeated providers and positions share one string each.
 class DatabaseBuilder
 {
@@ -108,20 +137,22 @@ public:
     void addTransponder(quint32 ns, quint32 tsid, quint32 onid, QString data)
     {
         Transponder transponder{ns, tsid, onid, std::move(data)};
-        m_positions.insert(TransponderId{ns, tsid, onid}, transponder.position().value_or(QString()));
-        m_lastPosition.reset();
+        m_positions.insert(TransponderId{ns, tsid, onid}, intern(transponder.position().value_or(QString())));
+        m_lastTransponder.reset();
         m_database.transponders.insert(tpKey(ns, tsid, onid), std::move(transponder));
     }
 
     void addService(const ServiceHeader &header, QByteArrayView name, QByteArrayView data)
     {
-        m_database.services.append(
-            Service{header.key, header.type, repairedName(name), provider(data), position(header.key)});
+        m_database.services.append(Service{header.key, header.type, repairedName(name),
+                                           m_strings.at(provider(data)), m_strings.at(position(header.key))});
     }
 
     Database take()
     {
-        m_database.services.squeeze();
+        // A line count overestimates a little; only a gross overestimate is worth a copy.
+        if (m_database.services.capacity() > m_database.services.size() * 5 / 4 + 64)
+            m_database.services.squeeze();
         return std::move(m_database);
     }
 
@@ -143,38 +174,48 @@ private:
         return false;
     }
 
+    qsizetype intern(const QString &text)
+    {
+        m_strings.append(text);
+        return m_strings.size() - 1;
+    }
+
     // Services of one transponder stand together and mostly share their provider, so the last
-    // look-up of each kind is remembered.
-    QString provider(QByteArrayView data)
+    // look-up of each kind is remembered (as an index: copying strings costs atomic operations).
+    qsizetype provider(QByteArrayView data)
     {
         const QByteArrayView bytes = providerBytes(data).value_or(QByteArrayView());
-        if (bytes != m_lastProviderBytes || m_lastProvider.isNull()) {
+        if (!m_lastProvider || bytes != m_lastProviderBytes) {
             auto it = m_providers.constFind(bytes);
             if (it == m_providers.cend())
-                it = m_providers.insert(bytes, repairedName(bytes));
+                it = m_providers.insert(bytes, intern(repairedName(bytes)));
             m_lastProviderBytes = bytes;
             m_lastProvider = *it;
         }
-        return m_lastProvider;
+        return *m_lastProvider;
     }
 
-    QString position(const ServiceKey &key)
+    qsizetype position(const ServiceKey &key)
     {
         const TransponderId id{key.ns, key.tsid, key.onid};
-        if (!m_lastPosition || !(m_lastTransponder == id)) {
+        if (!m_lastTransponder || !(*m_lastTransponder == id)) {
+            if (!m_unknownPosition)
+                m_unknownPosition = intern(QString());
             m_lastTransponder = id;
-            m_lastPosition = m_positions.value(id);
+            m_lastPosition = m_positions.value(id, *m_unknownPosition);
         }
-        return *m_lastPosition;
+        return m_lastPosition;
     }
 
     Database m_database;
-    QHash<TransponderId, QString> m_positions;
-    QHash<QByteArrayView, QString> m_providers; // views into the text being parsed
+    QList<QString> m_strings; // providers and position labels, each once
+    QHash<TransponderId, qsizetype> m_positions;
+    QHash<QByteArrayView, qsizetype> m_providers; // views into the text being parsed
+    std::optional<qsizetype> m_unknownPosition;
     QByteArrayView m_lastProviderBytes;
-    QString m_lastProvider;
-    TransponderId m_lastTransponder{};
-    std::optional<QString> m_lastPosition;
+    std::optional<qsizetype> m_lastProvider;
+    std::optional<TransponderId> m_lastTransponder;
+    qsizetype m_lastPosition = 0;
 };
 
 // Copies the text line by line into a new one only once the first line changes.
@@ -243,8 +284,7 @@ Database parse(QByteArrayView text)
 
 Database parseV4(QByteArrayView text)
 {
-    // A service takes three lines of about 30 bytes each in a typical file.
-    DatabaseBuilder builder(text.size() / 96);
+    DatabaseBuilder builder(lineFeeds(text) / 3);
     Lines lines(text);
     bool found = false;
     while (const auto line = lines.peek()) {
@@ -297,7 +337,7 @@ Database parseV4(QByteArrayView text)
 
 Database parseV5(QByteArrayView text)
 {
-    DatabaseBuilder builder(text.size() / 96);
+    DatabaseBuilder builder(lineFeeds(text));
     TextScan::forEachLine(text, TextScan::Breaks::unicode, [&builder](QByteArrayView line) {
         if (line.size() < 2 || line[1] != ':')
             return;

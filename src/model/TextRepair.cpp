@@ -13,34 +13,34 @@ constexpr char16_t windows1252High[32] = {
     0x2013, 0x2014, 0x02dc, 0x2122, 0x0161, 0x203a, 0x0153, 0,      0x017e, 0x0178,
 };
 
-std::optional<char> windows1252Byte(char16_t c)
+enum class CodePage { windows1252, latin1 };
+
+// The byte of `c` in the code page, or -1 when the page has no such character.
+inline int byteOf(char16_t c, CodePage page)
 {
     if (c < 0x80 || (c >= 0xa0 && c <= 0xff))
-        return char(c);
+        return c;
+    if (page == CodePage::latin1)
+        return c <= 0xff ? c : -1;
+    if (c < 0x100)
+        return -1; // C1 controls: Windows-1252 puts printable characters there
     for (int i = 0; i < 32; ++i) {
-        if (windows1252High[i] == c && c != 0)
-            return char(0x80 + i);
+        if (windows1252High[i] == c)
+            return 0x80 + i;
     }
-    return std::nullopt;
-}
-
-std::optional<char> latin1Byte(char16_t c)
-{
-    if (c <= 0xff)
-        return char(c);
-    return std::nullopt;
+    return -1;
 }
 
 // The bytes of `s` in a single-byte code page, when every character exists there.
-std::optional<QByteArray> encoded(const QString &s, std::optional<char> (*byteOf)(char16_t))
+std::optional<QByteArray> encoded(const QString &s, CodePage page)
 {
     QByteArray bytes(s.size(), Qt::Uninitialized);
     char *out = bytes.data();
     for (QChar c : s) {
-        const auto byte = byteOf(c.unicode());
-        if (!byte)
+        const int byte = byteOf(c.unicode(), page);
+        if (byte < 0)
             return std::nullopt;
-        *out++ = *byte;
+        *out++ = char(byte);
     }
     return bytes;
 }
@@ -59,8 +59,8 @@ bool hasLeadCharacter(const QString &s)
 
 std::optional<QString> undo(const QString &s)
 {
-    for (auto byteOf : {windows1252Byte, latin1Byte}) {
-        const auto bytes = encoded(s, byteOf);
+    for (CodePage page : {CodePage::windows1252, CodePage::latin1}) {
+        const auto bytes = encoded(s, page);
         if (bytes && bytes->isValidUtf8())
             return TextScan::decoded(*bytes);
     }

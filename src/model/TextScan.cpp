@@ -29,19 +29,9 @@ inline uint codeOf(QChar c)
     return c.unicode();
 }
 
-constexpr std::array<qint8, 256> hexDigits = [] {
-    std::array<qint8, 256> digits{};
-    digits.fill(-1);
-    for (int c = '0'; c <= '9'; ++c)
-        digits[c] = qint8(c - '0');
-    for (int c = 'a'; c <= 'f'; ++c)
-        digits[c] = digits[c - 'a' + 'A'] = qint8(c - 'a' + 10);
-    return digits;
-}();
-
 inline int hexDigit(uint c)
 {
-    return c < 256 ? hexDigits[c] : -1;
+    return c < 256 ? hexDigitValues[c] : -1;
 }
 
 template<typename View>
@@ -233,7 +223,7 @@ int splitHexPieces(QByteArrayView text, char separator, QByteArrayView *pieces, 
         quint32 value = 0;
         int invalid = 0; // negative once any byte is no hexadecimal digit
         do {
-            const int digit = hexDigits[*p];
+            const int digit = hexDigitValues[*p];
             invalid |= digit;
             value = value * 16 + uint(digit & 15);
         } while (++p < end && *p != sep);

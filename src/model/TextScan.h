@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringView>
 
+#include <array>
 #include <cstring>
 #include <optional>
 
@@ -78,6 +79,32 @@ int splitPieces(QByteArrayView text, char separator, QByteArrayView *pieces, int
 // piece as strictHex would in the same pass.
 int splitHexPieces(QByteArrayView text, char separator, QByteArrayView *pieces, std::optional<quint32> *values,
                    int capacity);
+
+// The value of each byte as a hexadecimal digit, -1 for any other byte.
+inline constexpr std::array<qint8, 256> hexDigitValues = [] {
+    std::array<qint8, 256> digits{};
+    digits.fill(-1);
+    for (int c = '0'; c <= '9'; ++c)
+        digits[c] = qint8(c - '0');
+    for (int c = 'a'; c <= 'f'; ++c)
+        digits[c] = digits[c - 'a' + 'A'] = qint8(c - 'a' + 10);
+    return digits;
+}();
+
+// Exactly `Count` hexadecimal digits at `digits`, or none when one is not a digit.
+template<int Count>
+inline std::optional<quint32> fixedHex(const char *digits)
+{
+    static_assert(Count > 0 && Count <= 8);
+    quint32 value = 0;
+    int invalid = 0; // negative once any byte is no digit
+    for (int i = 0; i < Count; ++i) {
+        const int digit = hexDigitValues[uchar(digits[i])];
+        invalid |= digit;
+        value = value << 4 | uint(digit & 15);
+    }
+    return invalid < 0 ? std::nullopt : std::optional(value);
+}
 
 // Non-empty, hexadecimal digits only (either case), value within 32 bits (leading zeros allowed).
 std::optional<quint32> strictHex(QByteArrayView digits);

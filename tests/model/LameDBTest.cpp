@@ -211,7 +211,7 @@ private slots:
         // A two-piece transponder header is skipped alone; the next line is read as a header.
         const QByteArray transponders = "00c00000:0437\n" + astra;
         // A five-piece service header skips itself and the two lines after it.
-        const QByteArray services = "0083:00c00000:0437:0001:1\nlost name\nlost data\n"
+        const QByteArray services = "0083:00c00000:0437:0001:25\nlost name\nlost data\n"
                                     "0084:00c00000:0437:0001:1:0\nKept\np:ARD\n";
         const auto database = LameDB::parseV4(v4(services, transponders));
         QCOMPARE(database.transponders.keys(), QList<QString>{u"12582912:1079:1"_s});
@@ -309,6 +309,9 @@ private slots:
         QTest::newRow("quote right after s:") << QByteArray("s:\"N\"") << 0 << 0u;
         QTest::newRow("type overflow") << QByteArray("s:83:c00000:437:1:4294967296:0,\"N\"") << 1 << 1u;
         QTest::newRow("largest type") << QByteArray("s:83:c00000:437:1:4294967295:0,\"N\"") << 1 << 4294967295u;
+        QTest::newRow("box layout") << QByteArray("s:0083:00c00000:0437:0001:25:0,\"N\"") << 1 << 25u;
+        QTest::newRow("box layout, no number") << QByteArray("s:0083:00c00000:0437:0001:25,\"N\"") << 1 << 25u;
+        QTest::newRow("box layout, type cut") << QByteArray("s:0083:00c00000:0437:0001:,\"N\"") << 0 << 0u;
         QTest::newRow("upper-case S") << QByteArray("S:83:c00000:437:1:25:0,\"N\"") << 0 << 0u;
         QTest::newRow("blank first") << QByteArray(" s:83:c00000:437:1:25:0,\"N\"") << 0 << 0u;
     }
@@ -334,6 +337,9 @@ private slots:
                                                    << ServiceKey{0x83, 0x437, 1, 0xc00000};
         QTest::newRow("nine digits, too large") << QByteArray("1000000ff:c00000:437:1") << ServiceKey{0, 0x437, 1, 0xc00000};
         QTest::newRow("not hex") << QByteArray("83:c0000g:437:1") << ServiceKey{0x83, 0x437, 1, 0};
+        QTest::newRow("box layout, not hex") << QByteArray("0083:00c0000g:0437:0001") << ServiceKey{0x83, 0x437, 1, 0};
+        QTest::newRow("box layout, blank") << QByteArray(" 083:00c00000:0437:0001") << ServiceKey{0x83, 0x437, 1, 0xc00000};
+        QTest::newRow("box layout, upper case") << QByteArray("0083:00C00000:0437:0001") << ServiceKey{0x83, 0x437, 1, 0xc00000};
         QTest::newRow("blanks") << QByteArray(" 83 :c00000:437:1") << ServiceKey{0x83, 0x437, 1, 0xc00000};
         QTest::newRow("empty pieces dropped") << QByteArray("83::c00000:437:1") << ServiceKey{0x83, 0x437, 1, 0xc00000};
     }
