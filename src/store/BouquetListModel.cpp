@@ -34,13 +34,16 @@ void BouquetListModel::follow()
     const ListDiff::Notifier notifier{
         [&](qsizetype first, qsizetype last) { beginRemoveRows(root, int(first), int(last)); },
         [&] { endRemoveRows(); },
-        [&](qsizetype first, qsizetype last, qsizetype to) { beginMoveRows(root, int(first), int(last), root, int(to)); },
+        [&](qsizetype first, qsizetype last, qsizetype to) {
+            beginMoveRows(root, int(first), int(last), root, int(to));
+        },
         [&] { endMoveRows(); },
         [&](qsizetype first, qsizetype last) { beginInsertRows(root, int(first), int(last)); },
         [&] { endInsertRows(); },
         [&](qsizetype first, qsizetype last) { emit dataChanged(index(int(first)), index(int(last))); },
     };
-    if (!ListDiff::apply(m_bouquets, target, [](const Bouquet &bouquet) { return bouquet.id; }, notifier)) {
+    if (!ListDiff::apply(
+            m_bouquets, target, [](const Bouquet &bouquet) { return bouquet.id; }, notifier)) {
         beginResetModel();
         m_bouquets = target;
         endResetModel();
@@ -54,8 +57,7 @@ int BouquetListModel::rowCount(const QModelIndex &parent) const
 
 QVariant BouquetListModel::data(const QModelIndex &index, int role) const
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
-        return {};
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid)) return {};
     const Bouquet &bouquet = m_bouquets.at(index.row());
     switch (role) {
     case Qt::DisplayRole:
@@ -75,21 +77,20 @@ QVariant BouquetListModel::data(const QModelIndex &index, int role) const
 
 bool BouquetListModel::setData(const QModelIndex &index, const QVariant &value, int role)
 {
-    if (role != Qt::EditRole || !checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+    if (role != Qt::EditRole ||
+        !checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
         return false;
     const QString name = value.toString().trimmed();
-    if (name.isEmpty())
-        return false;
+    if (name.isEmpty()) return false;
     m_store->renameBouquet(m_bouquets.at(index.row()).id, name);
     return true;
 }
 
 Qt::ItemFlags BouquetListModel::flags(const QModelIndex &index) const
 {
-    if (!index.isValid())
-        return Qt::ItemIsDropEnabled;
-    return Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsEditable | Qt::ItemIsDragEnabled
-        | Qt::ItemIsDropEnabled | Qt::ItemNeverHasChildren;
+    if (!index.isValid()) return Qt::ItemIsDropEnabled;
+    return Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsEditable | Qt::ItemIsDragEnabled |
+           Qt::ItemIsDropEnabled | Qt::ItemNeverHasChildren;
 }
 
 QHash<int, QByteArray> BouquetListModel::roleNames() const
@@ -104,9 +105,9 @@ QHash<int, QByteArray> BouquetListModel::roleNames() const
 bool BouquetListModel::moveRows(const QModelIndex &sourceParent, int sourceRow, int count,
                                 const QModelIndex &destinationParent, int destinationChild)
 {
-    if (sourceParent.isValid() || destinationParent.isValid() || count <= 0 || sourceRow < 0
-        || sourceRow + count > rowCount() || destinationChild < 0 || destinationChild > rowCount()
-        || (destinationChild >= sourceRow && destinationChild <= sourceRow + count))
+    if (sourceParent.isValid() || destinationParent.isValid() || count <= 0 || sourceRow < 0 ||
+        sourceRow + count > rowCount() || destinationChild < 0 || destinationChild > rowCount() ||
+        (destinationChild >= sourceRow && destinationChild <= sourceRow + count))
         return false;
     QSet<qsizetype> rows;
     for (int row = sourceRow; row < sourceRow + count; ++row)
@@ -134,8 +135,7 @@ QMimeData *BouquetListModel::mimeData(const QModelIndexList &indexes) const
 {
     QList<int> rows;
     for (const QModelIndex &index : indexes) {
-        if (index.isValid() && index.model() == this)
-            rows << index.row();
+        if (index.isValid() && index.model() == this) rows << index.row();
     }
     std::sort(rows.begin(), rows.end());
     rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
@@ -149,10 +149,8 @@ bool BouquetListModel::canDropMimeData(const QMimeData *data, Qt::DropAction act
 {
     Q_UNUSED(row)
     Q_UNUSED(column)
-    if (action == Qt::IgnoreAction || !data)
-        return false;
-    if (DragData::rows(data, rowsMimeType, m_kind.rawValue()))
-        return true;
+    if (action == Qt::IgnoreAction || !data) return false;
+    if (DragData::rows(data, rowsMimeType, m_kind.rawValue())) return true;
     // References are dropped onto a bouquet, not between two.
     return parent.isValid() && !DragData::references(data).isEmpty();
 }
@@ -160,8 +158,7 @@ bool BouquetListModel::canDropMimeData(const QMimeData *data, Qt::DropAction act
 bool BouquetListModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
                                     const QModelIndex &parent)
 {
-    if (!canDropMimeData(data, action, row, column, parent))
-        return false;
+    if (!canDropMimeData(data, action, row, column, parent)) return false;
     if (const std::optional<QList<int>> rows = DragData::rows(data, rowsMimeType, m_kind.rawValue())) {
         const int destination = parent.isValid() ? parent.row() : (row < 0 ? rowCount() : row);
         m_store->moveBouquets(QSet<qsizetype>(rows->cbegin(), rows->cend()), destination);

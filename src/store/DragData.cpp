@@ -13,15 +13,13 @@ void setReferences(QMimeData *data, const QStringList &references)
 
 QStringList references(const QMimeData *data)
 {
-    if (!data->hasText())
-        return {};
+    if (!data->hasText()) return {};
     QStringList lines;
     const QStringList pieces = data->text().split(u'\n');
     for (QString line : pieces) {
         while (line.endsWith(u'\r'))
             line.chop(1);
-        if (!line.isEmpty())
-            lines << line;
+        if (!line.isEmpty()) lines << line;
     }
     return lines;
 }
@@ -36,17 +34,14 @@ void setRows(QMimeData *data, const QString &mimeType, const QString &owner, con
 
 std::optional<QList<int>> rows(const QMimeData *data, const QString &mimeType, const QString &owner)
 {
-    if (!data->hasFormat(mimeType))
-        return std::nullopt;
+    if (!data->hasFormat(mimeType)) return std::nullopt;
     const QStringList lines = QString::fromUtf8(data->data(mimeType)).split(u'\n');
-    if (lines.isEmpty() || lines.first() != owner)
-        return std::nullopt;
+    if (lines.isEmpty() || lines.first() != owner) return std::nullopt;
     QList<int> result;
     for (qsizetype i = 1; i < lines.size(); ++i) {
         bool ok = false;
         const int row = lines.at(i).toInt(&ok);
-        if (!ok)
-            return std::nullopt;
+        if (!ok) return std::nullopt;
         result << row;
     }
     return result;

@@ -74,7 +74,8 @@ void EntryListModel::follow()
         [&] { endInsertRows(); },
         [&](qsizetype first, qsizetype last) { emit dataChanged(index(int(first)), index(int(last))); },
     };
-    if (!ListDiff::apply(m_entries, target, [](const BouquetEntry &entry) { return entry.id; }, notifier)) {
+    if (!ListDiff::apply(
+            m_entries, target, [](const BouquetEntry &entry) { return entry.id; }, notifier)) {
         beginResetModel();
         m_entries = target;
         endResetModel();
@@ -97,8 +98,7 @@ int EntryListModel::rowCount(const QModelIndex &parent) const
 
 QVariant EntryListModel::data(const QModelIndex &index, int role) const
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
-        return {};
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid)) return {};
     const BouquetEntry &entry = m_entries.at(index.row());
     switch (role) {
     case Qt::DisplayRole:
@@ -123,7 +123,8 @@ QVariant EntryListModel::data(const QModelIndex &index, int role) const
 
 bool EntryListModel::setData(const QModelIndex &index, const QVariant &value, int role)
 {
-    if (role != Qt::EditRole || !checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+    if (role != Qt::EditRole ||
+        !checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
         return false;
     // An empty name brings back the name from the database.
     m_store->renameEntry(m_entries.at(index.row()).id, value.toString().trimmed());
@@ -132,10 +133,9 @@ bool EntryListModel::setData(const QModelIndex &index, const QVariant &value, in
 
 Qt::ItemFlags EntryListModel::flags(const QModelIndex &index) const
 {
-    if (!index.isValid())
-        return m_bouquetID.isNull() ? Qt::NoItemFlags : Qt::ItemIsDropEnabled;
-    return Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsEditable | Qt::ItemIsDragEnabled
-        | Qt::ItemNeverHasChildren;
+    if (!index.isValid()) return m_bouquetID.isNull() ? Qt::NoItemFlags : Qt::ItemIsDropEnabled;
+    return Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsEditable | Qt::ItemIsDragEnabled |
+           Qt::ItemNeverHasChildren;
 }
 
 QHash<int, QByteArray> EntryListModel::roleNames() const
@@ -152,9 +152,9 @@ QHash<int, QByteArray> EntryListModel::roleNames() const
 bool EntryListModel::moveRows(const QModelIndex &sourceParent, int sourceRow, int count,
                               const QModelIndex &destinationParent, int destinationChild)
 {
-    if (sourceParent.isValid() || destinationParent.isValid() || count <= 0 || sourceRow < 0
-        || sourceRow + count > rowCount() || destinationChild < 0 || destinationChild > rowCount()
-        || (destinationChild >= sourceRow && destinationChild <= sourceRow + count))
+    if (sourceParent.isValid() || destinationParent.isValid() || count <= 0 || sourceRow < 0 ||
+        sourceRow + count > rowCount() || destinationChild < 0 || destinationChild > rowCount() ||
+        (destinationChild >= sourceRow && destinationChild <= sourceRow + count))
         return false;
     QSet<qsizetype> rows;
     for (int row = sourceRow; row < sourceRow + count; ++row)
@@ -182,8 +182,7 @@ QMimeData *EntryListModel::mimeData(const QModelIndexList &indexes) const
 {
     QList<int> rows;
     for (const QModelIndex &index : indexes) {
-        if (index.isValid() && index.model() == this)
-            rows << index.row();
+        if (index.isValid() && index.model() == this) rows << index.row();
     }
     std::sort(rows.begin(), rows.end());
     rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
@@ -203,16 +202,15 @@ bool EntryListModel::canDropMimeData(const QMimeData *data, Qt::DropAction actio
     Q_UNUSED(row)
     Q_UNUSED(column)
     Q_UNUSED(parent)
-    if (action == Qt::IgnoreAction || !data || m_bouquetID.isNull())
-        return false;
-    return DragData::rows(data, rowsMimeType, m_bouquetID.toString()) || !DragData::references(data).isEmpty();
+    if (action == Qt::IgnoreAction || !data || m_bouquetID.isNull()) return false;
+    return DragData::rows(data, rowsMimeType, m_bouquetID.toString()) ||
+           !DragData::references(data).isEmpty();
 }
 
 bool EntryListModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
                                   const QModelIndex &parent)
 {
-    if (!canDropMimeData(data, action, row, column, parent))
-        return false;
+    if (!canDropMimeData(data, action, row, column, parent)) return false;
     // Dropped onto an entry: in front of it; onto empty space: at the end.
     const int destination = parent.isValid() ? parent.row() : (row < 0 ? rowCount() : row);
     if (const std::optional<QList<int>> rows = DragData::rows(data, rowsMimeType, m_bouquetID.toString())) {

@@ -25,11 +25,10 @@ struct Notifier
 
 // Returns false, having sent only complete notifications, when the ids are not unique or the
 // change needs more than `limit` steps; the model then resets to `target`.
-template<typename T, typename IdOf>
+template <typename T, typename IdOf>
 bool apply(QList<T> &current, const QList<T> &target, IdOf idOf, const Notifier &notify, int limit = 200)
 {
-    if (current.size() == target.size() && current.constData() == target.constData())
-        return true;
+    if (current.size() == target.size() && current.constData() == target.constData()) return true;
     using Id = decltype(idOf(target.first()));
     QHash<Id, qsizetype> inTarget;
     inTarget.reserve(target.size());
@@ -39,8 +38,7 @@ bool apply(QList<T> &current, const QList<T> &target, IdOf idOf, const Notifier 
     inCurrent.reserve(current.size());
     for (qsizetype i = 0; i < current.size(); ++i)
         inCurrent.insert(idOf(current.at(i)), i);
-    if (inTarget.size() != target.size() || inCurrent.size() != current.size())
-        return false;
+    if (inTarget.size() != target.size() || inCurrent.size() != current.size()) return false;
     int steps = 0;
 
     // Removals, from the end so that the earlier rows keep their numbers.
@@ -52,8 +50,7 @@ bool apply(QList<T> &current, const QList<T> &target, IdOf idOf, const Notifier 
         qsizetype first = last;
         while (first > 0 && !inTarget.contains(idOf(current.at(first - 1))))
             --first;
-        if (++steps > limit)
-            return false;
+        if (++steps > limit) return false;
         notify.beginRemove(first, last);
         current.remove(first, last - first + 1);
         notify.endRemove();
@@ -64,8 +61,7 @@ bool apply(QList<T> &current, const QList<T> &target, IdOf idOf, const Notifier 
     QList<Id> order;
     order.reserve(current.size());
     for (const T &item : target) {
-        if (inCurrent.contains(idOf(item)))
-            order << idOf(item);
+        if (inCurrent.contains(idOf(item))) order << idOf(item);
     }
     for (qsizetype i = 0; i < current.size();) {
         if (idOf(current.at(i)) == order.at(i)) {
@@ -78,8 +74,7 @@ bool apply(QList<T> &current, const QList<T> &target, IdOf idOf, const Notifier 
         qsizetype length = 1;
         while (from + length < current.size() && idOf(current.at(from + length)) == order.at(i + length))
             ++length;
-        if (++steps > limit)
-            return false;
+        if (++steps > limit) return false;
         notify.beginMove(from, from + length - 1, i);
         const QList<T> block = current.mid(from, length);
         current.remove(from, length);
@@ -98,8 +93,7 @@ bool apply(QList<T> &current, const QList<T> &target, IdOf idOf, const Notifier 
         qsizetype length = 1;
         while (i + length < target.size() && !inCurrent.contains(idOf(target.at(i + length))))
             ++length;
-        if (++steps > limit)
-            return false;
+        if (++steps > limit) return false;
         notify.beginInsert(i, i + length - 1);
         current.insert(i, length, T());
         std::copy(target.cbegin() + i, target.cbegin() + i + length, current.begin() + i);
@@ -112,14 +106,12 @@ bool apply(QList<T> &current, const QList<T> &target, IdOf idOf, const Notifier 
     qsizetype lastChanged = -1;
     for (qsizetype i = 0; i < target.size(); ++i) {
         if (!(current.at(i) == target.at(i))) {
-            if (firstChanged < 0)
-                firstChanged = i;
+            if (firstChanged < 0) firstChanged = i;
             lastChanged = i;
         }
     }
     current = target;
-    if (firstChanged >= 0)
-        notify.changed(firstChanged, lastChanged);
+    if (firstChanged >= 0) notify.changed(firstChanged, lastChanged);
     return true;
 }
 

@@ -9,11 +9,20 @@
 #include <QString>
 #include <QStringList>
 
+#include <future>
 #include <optional>
 
 // The files of a list folder as the box keeps them: service databases, bouquet indexes, user
 // bouquets and satellites.xml. Reads whole folders and writes single files atomically.
 namespace ListFolder {
+
+// The two databases of a folder that holds both, compared by their service keys.
+struct Comparison
+{
+    qsizetype lamedbCount = 0;
+    qsizetype lamedb5Count = 0;
+    bool differ = false;
+};
 
 struct Contents
 {
@@ -26,10 +35,9 @@ struct Contents
     QHash<QString, QString> satelliteNames;
     // The text of each database file present, by file name; saving edits these in their own format.
     QMap<QString, QByteArray> lamedbTexts;
-    // Set when both databases exist and the second one parses: the service count of each.
-    std::optional<qsizetype> lamedbCount;
-    std::optional<qsizetype> lamedb5Count;
-    bool databasesDiffer = false;
+    // Valid when both databases exist; none when the second one cannot be parsed. Worked out on a
+    // helper thread while the rest of the folder is read and shown.
+    std::shared_future<std::optional<Comparison>> comparison;
 };
 
 // Throws MessageError (domain "Corvandel", code 1) when the folder holds no database or it cannot

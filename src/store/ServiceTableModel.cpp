@@ -40,8 +40,7 @@ void ServiceTableModel::reload()
     const MediaKind kind = m_store->kind();
     m_services.clear();
     for (const Service &service : m_store->services()) {
-        if (service.kind() == kind)
-            m_services << service;
+        if (service.kind() == kind) m_services << service;
     }
     m_usage = m_store->usage();
     endResetModel();
@@ -60,8 +59,7 @@ void ServiceTableModel::usageChanged()
         }
     }
     m_usage = usage;
-    if (first >= 0)
-        emit dataChanged(index(first, UsageColumn), index(last, UsageColumn));
+    if (first >= 0) emit dataChanged(index(first, UsageColumn), index(last, UsageColumn));
 }
 
 int ServiceTableModel::rowCount(const QModelIndex &parent) const
@@ -76,8 +74,7 @@ int ServiceTableModel::columnCount(const QModelIndex &parent) const
 
 QVariant ServiceTableModel::data(const QModelIndex &index, int role) const
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
-        return {};
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid)) return {};
     const Service &service = m_services.at(index.row());
     switch (role) {
     case Qt::DisplayRole:
@@ -127,8 +124,7 @@ QVariant ServiceTableModel::headerData(int section, Qt::Orientation orientation,
 
 Qt::ItemFlags ServiceTableModel::flags(const QModelIndex &index) const
 {
-    if (!index.isValid())
-        return Qt::NoItemFlags;
+    if (!index.isValid()) return Qt::NoItemFlags;
     return Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsDragEnabled | Qt::ItemNeverHasChildren;
 }
 
@@ -146,8 +142,7 @@ QMimeData *ServiceTableModel::mimeData(const QModelIndexList &indexes) const
 {
     QList<int> rows;
     for (const QModelIndex &index : indexes) {
-        if (index.isValid() && index.model() == this)
-            rows << index.row();
+        if (index.isValid() && index.model() == this) rows << index.row();
     }
     std::sort(rows.begin(), rows.end());
     rows.erase(std::unique(rows.begin(), rows.end()), rows.end());

@@ -28,24 +28,20 @@ QSettings preferences()
     return QSettings(u"Corvandel"_s, u"Corvandel"_s);
 }
 
-template<typename T>
-bool assign(T &field, const T &value)
+template <typename T> bool assign(T &field, const T &value)
 {
-    if (field == value)
-        return false;
+    if (field == value) return false;
     field = value;
     return true;
 }
 
 // Moves the items at the offsets, in their order, before the item that stood at `to`.
-template<typename T>
-void moveItems(QList<T> &list, const QSet<qsizetype> &from, qsizetype to)
+template <typename T> void moveItems(QList<T> &list, const QSet<qsizetype> &from, qsizetype to)
 {
     const qsizetype destination = std::clamp(to, qsizetype(0), list.size());
     QList<bool> moving(list.size(), false);
     for (qsizetype offset : from) {
-        if (offset >= 0 && offset < list.size())
-            moving[offset] = true;
+        if (offset >= 0 && offset < list.size()) moving[offset] = true;
     }
     QList<T> before, moved, after;
     for (qsizetype i = 0; i < list.size(); ++i) {
@@ -56,16 +52,15 @@ void moveItems(QList<T> &list, const QSet<qsizetype> &from, qsizetype to)
         else
             after << list.at(i);
     }
-    if (moved.isEmpty())
-        return;
+    if (moved.isEmpty()) return;
     list = before + moved + after;
 }
 
 // Blanks and tabs, but not line breaks, count as white space at the ends of a new name.
 bool isBlank(QChar c)
 {
-    return c.isSpace() && c != u'\n' && c != u'\r' && c != u'\v' && c != u'\f' && c != QChar(0x85)
-        && c != QChar(0x2028) && c != QChar(0x2029);
+    return c.isSpace() && c != u'\n' && c != u'\r' && c != u'\v' && c != u'\f' && c != QChar(0x85) &&
+           c != QChar(0x2028) && c != QChar(0x2029);
 }
 
 QString trimmedBlanks(const QString &text)
@@ -84,8 +79,7 @@ QString folderNameOf(const QString &host)
 {
     QString name = host;
     name.replace(u'/', u'_');
-    if (name == u"." || name == u"..")
-        name.replace(u'.', u'_');
+    if (name == u"." || name == u"..") name.replace(u'.', u'_');
     return name;
 }
 
@@ -102,7 +96,7 @@ Store::Store(QObject *parent)
 
 Store::~Store() = default;
 
-// MARK: published state
+// Published state.
 
 void Store::setBouquets(const BouquetLists &bouquets)
 {
@@ -118,14 +112,12 @@ void Store::setServiceEdits(const ServiceEdits &edits)
 
 void Store::setKind(MediaKind kind)
 {
-    if (assign(m_kind, kind))
-        emit kindChanged();
+    if (assign(m_kind, kind)) emit kindChanged();
 }
 
 void Store::setSelectedBouquetID(const QUuid &id)
 {
-    if (!assign(m_selectedBouquetID, id))
-        return;
+    if (!assign(m_selectedBouquetID, id)) return;
     emit selectedBouquetIDChanged();
     setEntrySelection({});
     setEntryListActive(false);
@@ -133,110 +125,90 @@ void Store::setSelectedBouquetID(const QUuid &id)
 
 void Store::setEntrySelection(const EntryIds &selection)
 {
-    if (assign(m_entrySelection, selection))
-        emit entrySelectionChanged();
-    if (!selection.isEmpty())
-        setEntryListActive(true);
+    if (assign(m_entrySelection, selection)) emit entrySelectionChanged();
+    if (!selection.isEmpty()) setEntryListActive(true);
 }
 
 void Store::setEntryListActive(bool active)
 {
-    if (assign(m_entryListActive, active))
-        emit entryListActiveChanged();
+    if (assign(m_entryListActive, active)) emit entryListActiveChanged();
 }
 
 void Store::setNewBouquetRequest(const QUuid &id)
 {
-    if (assign(m_newBouquetRequest, id))
-        emit newBouquetRequestChanged();
+    if (assign(m_newBouquetRequest, id)) emit newBouquetRequestChanged();
 }
 
 void Store::setServiceRenameRequest(const std::optional<Service> &service)
 {
-    if (assign(m_serviceRenameRequest, service))
-        emit serviceRenameRequestChanged();
+    if (assign(m_serviceRenameRequest, service)) emit serviceRenameRequestChanged();
 }
 
 void Store::setServiceDeleteRequest(const std::optional<ServiceKeys> &keys)
 {
-    if (assign(m_serviceDeleteRequest, keys))
-        emit serviceDeleteRequestChanged();
+    if (assign(m_serviceDeleteRequest, keys)) emit serviceDeleteRequestChanged();
 }
 
 void Store::setSettings(const BoxSettings &settings)
 {
-    if (assign(m_settings, settings))
-        emit settingsChanged();
+    if (assign(m_settings, settings)) emit settingsChanged();
 }
 
 void Store::setBusy(const std::optional<QString> &busy)
 {
-    if (assign(m_busy, busy))
-        emit busyChanged();
+    if (assign(m_busy, busy)) emit busyChanged();
 }
 
 void Store::setStatus(const QString &status)
 {
-    if (assign(m_status, status))
-        emit statusChanged();
+    if (assign(m_status, status)) emit statusChanged();
 }
 
 void Store::setErrorMessage(const std::optional<QString> &message)
 {
-    if (assign(m_errorMessage, message))
-        emit errorMessageChanged();
+    if (assign(m_errorMessage, message)) emit errorMessageChanged();
 }
 
 void Store::setDirty(bool dirty)
 {
-    if (assign(m_isDirty, dirty))
-        emit isDirtyChanged();
+    if (assign(m_isDirty, dirty)) emit isDirtyChanged();
 }
 
 void Store::setBackups(const QStringList &backups)
 {
-    if (assign(m_backups, backups))
-        emit backupsChanged();
+    if (assign(m_backups, backups)) emit backupsChanged();
 }
 
 void Store::setLamedbRepairCount(const std::optional<int> &count)
 {
-    if (assign(m_lamedbRepairCount, count))
-        emit lamedbRepairCountChanged();
+    if (assign(m_lamedbRepairCount, count)) emit lamedbRepairCountChanged();
 }
 
 void Store::setPiconCount(int count)
 {
-    if (assign(m_piconCount, count))
-        emit piconCountChanged();
+    if (assign(m_piconCount, count)) emit piconCountChanged();
 }
 
 void Store::setColumnLayoutID(const QUuid &id)
 {
-    if (assign(m_columnLayoutID, id))
-        emit columnLayoutIDChanged();
+    if (assign(m_columnLayoutID, id)) emit columnLayoutIDChanged();
 }
 
 void Store::setCanUndoRedo(bool couldUndo, bool couldRedo)
 {
-    if (couldUndo != canUndo())
-        emit canUndoChanged();
-    if (couldRedo != canRedo())
-        emit canRedoChanged();
+    if (couldUndo != canUndo()) emit canUndoChanged();
+    if (couldRedo != canRedo()) emit canRedoChanged();
 }
 
-// MARK: derived values
+// Derived values.
 
 qsizetype Store::indexOfBouquet(const QUuid &id) const
 {
-    if (id.isNull())
-        return -1;
+    if (id.isNull()) return -1;
     const auto it = m_bouquets.constFind(m_kind);
-    if (it == m_bouquets.cend())
-        return -1;
+    if (it == m_bouquets.cend()) return -1;
     for (qsizetype i = 0; i < it->size(); ++i) {
-        if (it->at(i).id == id)
-            return i;
+        if (it->at(i).id == id) return i;
     }
     return -1;
 }
@@ -244,30 +216,24 @@ qsizetype Store::indexOfBouquet(const QUuid &id) const
 std::optional<Bouquet> Store::selectedBouquet() const
 {
     const qsizetype index = indexOfBouquet(m_selectedBouquetID);
-    if (index < 0)
-        return std::nullopt;
+    if (index < 0) return std::nullopt;
     return m_bouquets.value(m_kind).at(index);
 }
 
 std::optional<Service> Store::service(const BouquetEntry &entry) const
 {
     const std::optional<ServiceKey> key = entry.serviceKey();
-    if (!key)
-        return std::nullopt;
+    if (!key) return std::nullopt;
     const auto it = m_serviceIndex.constFind(*key);
-    if (it == m_serviceIndex.cend())
-        return std::nullopt;
+    if (it == m_serviceIndex.cend()) return std::nullopt;
     return *it;
 }
 
 QString Store::displayName(const BouquetEntry &entry) const
 {
-    if (entry.description)
-        return *entry.description;
-    if (const std::optional<Service> found = service(entry))
-        return found->name;
-    if (entry.reference.startsWith(u"1:7:"))
-        return tr("Unter-Bouquet");
+    if (entry.description) return *entry.description;
+    if (const std::optional<Service> found = service(entry)) return found->name;
+    if (entry.reference.startsWith(u"1:7:")) return tr("Unter-Bouquet");
     return tr("Unbekannt (%1)").arg(entry.reference);
 }
 
@@ -275,8 +241,7 @@ ServiceKeys Store::unusedServiceKeys() const
 {
     ServiceKeys keys;
     for (const Service &service : m_services) {
-        if (m_usage.value(service.key) == 0)
-            keys.insert(service.key);
+        if (m_usage.value(service.key) == 0) keys.insert(service.key);
     }
     return keys;
 }
@@ -289,7 +254,7 @@ int Store::bouquetUses(const ServiceKeys &keys) const
     return uses;
 }
 
-// MARK: undo history
+// Undo history.
 
 Snapshot Store::snapshot() const
 {
@@ -302,8 +267,7 @@ void Store::checkpoint()
     const bool couldRedo = canRedo();
     const qsizetype held = m_undoStack.size();
     m_undoStack.append(snapshot());
-    if (held >= undoLimit)
-        m_undoStack.removeFirst();
+    if (held >= undoLimit) m_undoStack.removeFirst();
     m_redoStack.clear();
     setCanUndoRedo(couldUndo, couldRedo);
 }
@@ -324,8 +288,7 @@ void Store::restore(const Snapshot &snapshot)
 
 void Store::undo()
 {
-    if (m_undoStack.isEmpty())
-        return;
+    if (m_undoStack.isEmpty()) return;
     const bool couldUndo = canUndo();
     const bool couldRedo = canRedo();
     const Snapshot previous = m_undoStack.takeLast();
@@ -336,8 +299,7 @@ void Store::undo()
 
 void Store::redo()
 {
-    if (m_redoStack.isEmpty())
-        return;
+    if (m_redoStack.isEmpty()) return;
     const bool couldUndo = canUndo();
     const bool couldRedo = canRedo();
     const Snapshot next = m_redoStack.takeLast();
@@ -365,8 +327,7 @@ void Store::finishEdit()
 void Store::mutate(const QUuid &bouquetID, const std::function<void(Bouquet &)> &change)
 {
     const qsizetype index = indexOfBouquet(bouquetID);
-    if (index < 0)
-        return;
+    if (index < 0) return;
     checkpoint();
     change(m_bouquets[m_kind][index]);
     emit bouquetsChanged();
@@ -379,22 +340,25 @@ void Store::editBouquetList(const std::function<void(QList<Bouquet> &)> &change)
     // An absent list stays absent unless the change adds to it.
     QList<Bouquet> list = m_bouquets.value(m_kind);
     change(list);
-    if (!list.isEmpty() || m_bouquets.contains(m_kind))
-        m_bouquets.insert(m_kind, list);
+    if (!list.isEmpty() || m_bouquets.contains(m_kind)) m_bouquets.insert(m_kind, list);
     emit bouquetsChanged();
 }
 
 void Store::rebuildServices()
 {
     QList<Service> edited;
-    edited.reserve(m_baseServices.size());
-    for (const Service &service : m_baseServices) {
-        const auto edit = m_serviceEdits.isEmpty() ? m_serviceEdits.cend() : m_serviceEdits.constFind(service.key);
-        if (edit == m_serviceEdits.cend()) {
-            edited << service;
-        } else if (edit->isRename()) {
-            edited << service;
-            edited.last().name = edit->newName();
+    if (m_serviceEdits.isEmpty()) {
+        edited = m_baseServices;
+    } else {
+        edited.reserve(m_baseServices.size());
+        for (const Service &service : m_baseServices) {
+            const auto edit = m_serviceEdits.constFind(service.key);
+            if (edit == m_serviceEdits.cend()) {
+                edited << service;
+            } else if (edit->isRename()) {
+                edited << service;
+                edited.last().name = edit->newName();
+            }
         }
     }
     const QList<qsizetype> order =
@@ -425,14 +389,13 @@ void Store::recountUsage()
             KeyCache entry;
             const auto old = m_keyCache.constFind(bouquet.id);
             // The cache holds a copy of the entry list, so equal storage means equal entries.
-            if (old != m_keyCache.cend() && old->entries.constData() == bouquet.entries.constData()
-                && old->entries.size() == bouquet.entries.size()) {
+            if (old != m_keyCache.cend() && old->entries.constData() == bouquet.entries.constData() &&
+                old->entries.size() == bouquet.entries.size()) {
                 entry = *old;
             } else {
                 entry.entries = bouquet.entries;
                 for (const BouquetEntry &e : bouquet.entries) {
-                    if (const std::optional<ServiceKey> key = e.serviceKey())
-                        entry.keys << *key;
+                    if (const std::optional<ServiceKey> key = e.serviceKey()) entry.keys << *key;
                 }
             }
             for (const ServiceKey &key : std::as_const(entry.keys))
@@ -445,7 +408,7 @@ void Store::recountUsage()
     emit usageChanged();
 }
 
-// MARK: bouquet editing
+// Bouquet editing.
 
 void Store::add(const QList<Service> &services)
 {
@@ -459,11 +422,9 @@ void Store::insert(const QStringList &references, const QUuid &into, std::option
 {
     QList<BouquetEntry> entries;
     for (const QString &text : references) {
-        if (text.startsWith(u"1:"))
-            entries << BouquetEntry{freshId(), text, std::nullopt};
+        if (text.startsWith(u"1:")) entries << BouquetEntry{freshId(), text, std::nullopt};
     }
-    if (entries.isEmpty())
-        return;
+    if (entries.isEmpty()) return;
     mutate(into, [&](Bouquet &bouquet) {
         const qsizetype size = bouquet.entries.size();
         const qsizetype position = at ? std::clamp(*at, qsizetype(0), size) : size;
@@ -480,8 +441,7 @@ void Store::addMarker(const QString &text)
 
 void Store::removeSelectedEntries()
 {
-    if (indexOfBouquet(m_selectedBouquetID) < 0)
-        return;
+    if (indexOfBouquet(m_selectedBouquetID) < 0) return;
     const EntryIds selection = m_entrySelection;
     mutate(m_selectedBouquetID, [&](Bouquet &bouquet) {
         bouquet.entries.removeIf([&](const BouquetEntry &entry) { return selection.contains(entry.id); });
@@ -522,8 +482,7 @@ void Store::sortSelectedByName()
 
 void Store::createBouquet(const QString &named)
 {
-    if (named.isEmpty())
-        return;
+    if (named.isEmpty()) return;
     QSet<QString> existing;
     for (const QList<Bouquet> &list : std::as_const(m_bouquets)) {
         for (const Bouquet &bouquet : list)
@@ -541,8 +500,7 @@ void Store::createBouquet(const QString &named)
 void Store::renameBouquet(const QUuid &id, const QString &to)
 {
     const qsizetype index = indexOfBouquet(id);
-    if (to.isEmpty() || index < 0)
-        return;
+    if (to.isEmpty() || index < 0) return;
     // The file name stays, so that the index on the box keeps naming the same file.
     editBouquetList([&](QList<Bouquet> &list) { list[index].name = to; });
     finishEdit();
@@ -567,19 +525,17 @@ void Store::moveBouquets(const QSet<qsizetype> &from, qsizetype to)
     finishEdit();
 }
 
-// MARK: service catalogue edits
+// Service catalogue edits.
 
 void Store::renameService(const ServiceKey &key, const QString &to)
 {
     QString name = trimmedBlanks(to);
     // A double quote would break the quoted name fields of the files.
     name.replace(u'"', u'\'');
-    if (name.isEmpty())
-        return;
+    if (name.isEmpty()) return;
     const auto base = std::find_if(m_baseServices.cbegin(), m_baseServices.cend(),
                                    [&](const Service &service) { return service.key == key; });
-    if (base == m_baseServices.cend())
-        return;
+    if (base == m_baseServices.cend()) return;
     checkpoint();
     ServiceEdits edits = m_serviceEdits;
     if (name != base->name)
@@ -594,8 +550,7 @@ void Store::renameService(const ServiceKey &key, const QString &to)
 
 void Store::deleteServices(const ServiceKeys &keys)
 {
-    if (keys.isEmpty())
-        return;
+    if (keys.isEmpty()) return;
     checkpoint();
     const auto deleted = [&](const BouquetEntry &entry) {
         const std::optional<ServiceKey> key = entry.serviceKey();
@@ -606,8 +561,7 @@ void Store::deleteServices(const ServiceKeys &keys)
         for (qsizetype i = 0; i < list->size(); ++i) {
             // Only bouquets that lose entries are copied.
             const QList<BouquetEntry> &entries = list->at(i).entries;
-            if (std::any_of(entries.cbegin(), entries.cend(), deleted))
-                (*list)[i].entries.removeIf(deleted);
+            if (std::any_of(entries.cbegin(), entries.cend(), deleted)) (*list)[i].entries.removeIf(deleted);
         }
     }
     setBouquets(bouquets);
@@ -621,7 +575,7 @@ void Store::deleteServices(const ServiceKeys &keys)
     setStatus(tr("%1 Sender gelöscht – auf die Box kommt das mit „Senden“.").arg(keys.size()));
 }
 
-// MARK: list folders
+// List folders.
 
 void Store::load(const QString &from)
 {
@@ -651,11 +605,14 @@ void Store::load(const QString &from)
                          .arg(contents.primary)
                          .arg(m_bouquets.value(MediaKind::tv).size())
                          .arg(m_bouquets.value(MediaKind::radio).size());
-    if (contents.databasesDiffer) {
+    const std::optional<ListFolder::Comparison> comparison =
+        contents.comparison.valid() ? contents.comparison.get() : std::nullopt;
+    if (comparison && comparison->differ) {
         status += tr(" Hinweis: lamedb und lamedb5 enthalten unterschiedliche Sender.");
-        BoxLog::shared().write(BoxLog::Level::info, u"Ordner"_s,
-                               u"lamedb (%1) und lamedb5 (%2) unterscheiden sich"_s.arg(
-                                   contents.lamedbCount.value_or(0)).arg(contents.lamedb5Count.value_or(0)));
+        BoxLog::shared().write(
+            BoxLog::Level::info, u"Ordner"_s,
+            u"lamedb (%1) und lamedb5 (%2) unterscheiden sich"_s.arg(comparison->lamedbCount)
+                .arg(comparison->lamedb5Count));
     }
     if (!contents.missingFiles.isEmpty())
         status += tr(" Fehlende Dateien: ") + contents.missingFiles.join(u", "_s);
@@ -698,25 +655,19 @@ void Store::remember(const QString &folder)
     QStringList paths = m_recentFolders;
     paths.removeAll(path);
     paths.prepend(path);
-    if (paths.size() >= 6)
-        paths = paths.mid(0, 5);
+    if (paths.size() >= 6) paths = paths.mid(0, 5);
     preferences().setValue(u"recentFolders"_s, paths);
-    if (assign(m_recentFolders, paths))
-        emit recentFoldersChanged();
+    if (assign(m_recentFolders, paths)) emit recentFoldersChanged();
 }
 
 void Store::restoreLastList()
 {
     const QVariant autoLoad = preferences().value(u"autoLoadLast"_s);
-    if (autoLoad.isValid() && !autoLoad.toBool())
-        return;
-    if (!m_services.isEmpty())
-        return;
+    if (autoLoad.isValid() && !autoLoad.toBool()) return;
+    if (!m_services.isEmpty()) return;
     QStringList candidates;
-    if (!m_recentFolders.isEmpty())
-        candidates << m_recentFolders.first();
-    if (!m_settings.host.trimmed().isEmpty())
-        candidates << workDir();
+    if (!m_recentFolders.isEmpty()) candidates << m_recentFolders.first();
+    if (!m_settings.host.trimmed().isEmpty()) candidates << workDir();
     for (const QString &candidate : std::as_const(candidates)) {
         const QDir dir(candidate);
         if (!QFileInfo(dir.filePath(u"lamedb"_s)).isFile() && !QFileInfo(dir.filePath(u"lamedb5"_s)).isFile())
@@ -740,7 +691,8 @@ QStringList Store::save(const QString &to)
     for (MediaKind kind : MediaKind::allCases()) {
         QList<Bouquet> bouquets = m_bouquets.value(kind);
         // Never write outside the folder, whatever name a bouquet came with.
-        bouquets.removeIf([](const Bouquet &bouquet) { return !BouquetIndex::isSafeFileName(bouquet.fileName); });
+        bouquets.removeIf(
+            [](const Bouquet &bouquet) { return !BouquetIndex::isSafeFileName(bouquet.fileName); });
         write(u"bouquets."_s + kind.rawValue(), BouquetIndex::serialized(kind, bouquets));
         for (const Bouquet &bouquet : std::as_const(bouquets))
             write(bouquet.fileName, bouquet.serialized());
@@ -754,8 +706,7 @@ QStringList Store::save(const QString &to)
 
 QCoro::Task<> Store::saveToCurrentFolder()
 {
-    if (m_folder.isEmpty())
-        return finished();
+    if (m_folder.isEmpty()) return finished();
     // Not a coroutine itself: GCC 12 destroys some temporaries of a co_await expression twice,
     // such as the function converted from this lambda.
     const QString folder = m_folder;
@@ -767,7 +718,7 @@ QCoro::Task<> Store::saveToCurrentFolder()
     });
 }
 
-// MARK: operation runner
+// Operation runner.
 
 QCoro::Task<> Store::perform(const QString &label, std::function<QCoro::Task<>()> operation)
 {
@@ -804,8 +755,7 @@ QCoro::Task<> Store::run(QString logLabel, std::function<QCoro::Task<>()> operat
     } catch (...) {
         failure = tr("Unbekannter Fehler.");
     }
-    if (!self)
-        co_return;
+    if (!self) co_return;
     const QString seconds = QString::asprintf("%.2f s", double(timer.nsecsElapsed()) / 1e9);
     if (failure) {
         BoxLog::shared().write(BoxLog::Level::error, u"Aufgabe"_s,
@@ -819,20 +769,17 @@ QCoro::Task<> Store::run(QString logLabel, std::function<QCoro::Task<>()> operat
     emit operationFinished();
 }
 
-// MARK: per-box folders
+// Per-box folders.
 
 QString Store::boxFolderName()
 {
     const QString host = m_settings.host.trimmed();
-    if (host.isEmpty())
-        return u"box"_s;
+    if (host.isEmpty()) return u"box"_s;
     const auto known = m_resolvedHosts.constFind(host);
-    if (known != m_resolvedHosts.cend())
-        return *known;
+    if (known != m_resolvedHosts.cend()) return *known;
     if (const std::optional<QString> address = ipv4(host)) {
         m_resolvedHosts.insert(host, *address);
-        if (*address != host)
-            mergeFolders(folderNameOf(host), *address);
+        if (*address != host) mergeFolders(folderNameOf(host), *address);
         return *address;
     }
     return folderNameOf(host);
@@ -856,8 +803,7 @@ std::optional<QString> Store::ipv4(const QString &host)
     const auto *address = reinterpret_cast<const sockaddr_in *>(results->ai_addr);
     const bool printed = inet_ntop(AF_INET, &address->sin_addr, text, sizeof text) != nullptr;
     freeaddrinfo(results);
-    if (!printed)
-        return std::nullopt;
+    if (!printed) return std::nullopt;
     return QString::fromLatin1(text);
 }
 
@@ -865,22 +811,20 @@ void Store::mergeFolders(const QString &from, const QString &into)
 {
     // Names that would leave the data folder are never merged.
     for (const QString &name : {from, into}) {
-        if (name.isEmpty() || name == u"." || name == u".." || name.contains(u'/'))
-            return;
+        if (name.isEmpty() || name == u"." || name == u".." || name.contains(u'/')) return;
     }
     const QString base = Paths::dataDir() + u'/';
     for (const QString &prefix : {u""_s, u"Picons/"_s, u"Sicherungen/"_s}) {
         const QString source = base + prefix + from;
         const QString destination = base + prefix + into;
-        if (!QFileInfo(source).isDir())
-            continue;
+        if (!QFileInfo(source).isDir()) continue;
         QDir().mkpath(destination);
         QDir sourceDir(source);
-        const QStringList names = sourceDir.entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+        const QStringList names =
+            sourceDir.entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
         for (const QString &name : names) {
             const QFileInfo target(destination + u'/' + name);
-            if (!target.exists() && !target.isSymLink())
-                sourceDir.rename(name, target.filePath());
+            if (!target.exists() && !target.isSymLink()) sourceDir.rename(name, target.filePath());
         }
         if (sourceDir.isEmpty(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot))
             QDir().rmdir(source);

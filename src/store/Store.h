@@ -36,26 +36,31 @@ class Store : public QObject
     Q_PROPERTY(BouquetLists bouquets READ bouquets NOTIFY bouquetsChanged)
     Q_PROPERTY(QList<Service> services READ services NOTIFY servicesChanged)
     Q_PROPERTY(MediaKind kind READ kind WRITE setKind NOTIFY kindChanged)
-    Q_PROPERTY(QUuid selectedBouquetID READ selectedBouquetID WRITE setSelectedBouquetID NOTIFY selectedBouquetIDChanged)
+    Q_PROPERTY(QUuid selectedBouquetID READ selectedBouquetID WRITE setSelectedBouquetID NOTIFY
+                   selectedBouquetIDChanged)
     Q_PROPERTY(SatelliteNames satelliteNames READ satelliteNames NOTIFY satelliteNamesChanged)
     Q_PROPERTY(ServiceEdits serviceEdits READ serviceEdits NOTIFY serviceEditsChanged)
     Q_PROPERTY(UsageCounts usage READ usage NOTIFY usageChanged)
-    Q_PROPERTY(EntryIds entrySelection READ entrySelection WRITE setEntrySelection NOTIFY entrySelectionChanged)
-    Q_PROPERTY(bool entryListActive READ entryListActive WRITE setEntryListActive NOTIFY entryListActiveChanged)
-    Q_PROPERTY(QUuid newBouquetRequest READ newBouquetRequest WRITE setNewBouquetRequest NOTIFY newBouquetRequestChanged)
-    Q_PROPERTY(std::optional<Service> serviceRenameRequest READ serviceRenameRequest WRITE setServiceRenameRequest
-                   NOTIFY serviceRenameRequestChanged)
-    Q_PROPERTY(std::optional<ServiceKeys> serviceDeleteRequest READ serviceDeleteRequest WRITE setServiceDeleteRequest
-                   NOTIFY serviceDeleteRequestChanged)
+    Q_PROPERTY(
+        EntryIds entrySelection READ entrySelection WRITE setEntrySelection NOTIFY entrySelectionChanged)
+    Q_PROPERTY(
+        bool entryListActive READ entryListActive WRITE setEntryListActive NOTIFY entryListActiveChanged)
+    Q_PROPERTY(QUuid newBouquetRequest READ newBouquetRequest WRITE setNewBouquetRequest NOTIFY
+                   newBouquetRequestChanged)
+    Q_PROPERTY(std::optional<Service> serviceRenameRequest READ serviceRenameRequest WRITE
+                   setServiceRenameRequest NOTIFY serviceRenameRequestChanged)
+    Q_PROPERTY(std::optional<ServiceKeys> serviceDeleteRequest READ serviceDeleteRequest WRITE
+                   setServiceDeleteRequest NOTIFY serviceDeleteRequestChanged)
     Q_PROPERTY(BoxSettings settings READ settings WRITE setSettings NOTIFY settingsChanged)
     Q_PROPERTY(std::optional<QString> busy READ busy WRITE setBusy NOTIFY busyChanged)
     Q_PROPERTY(QString status READ status WRITE setStatus NOTIFY statusChanged)
-    Q_PROPERTY(std::optional<QString> errorMessage READ errorMessage WRITE setErrorMessage NOTIFY errorMessageChanged)
+    Q_PROPERTY(std::optional<QString> errorMessage READ errorMessage WRITE setErrorMessage NOTIFY
+                   errorMessageChanged)
     Q_PROPERTY(bool isDirty READ isDirty WRITE setDirty NOTIFY isDirtyChanged)
     Q_PROPERTY(QStringList recentFolders READ recentFolders NOTIFY recentFoldersChanged)
     Q_PROPERTY(QStringList backups READ backups WRITE setBackups NOTIFY backupsChanged)
-    Q_PROPERTY(std::optional<int> lamedbRepairCount READ lamedbRepairCount WRITE setLamedbRepairCount
-                   NOTIFY lamedbRepairCountChanged)
+    Q_PROPERTY(std::optional<int> lamedbRepairCount READ lamedbRepairCount WRITE setLamedbRepairCount NOTIFY
+                   lamedbRepairCountChanged)
     Q_PROPERTY(int piconCount READ piconCount WRITE setPiconCount NOTIFY piconCountChanged)
     Q_PROPERTY(QUuid columnLayoutID READ columnLayoutID WRITE setColumnLayoutID NOTIFY columnLayoutIDChanged)
     Q_PROPERTY(bool canUndo READ canUndo NOTIFY canUndoChanged)

@@ -22,8 +22,8 @@ QString header(const FixtureService &service)
 {
     const quint32 ns = service.onHotbird ? hotbirdNs : astraNs;
     const quint32 tsid = service.onHotbird ? 0x1388 : 0x0437;
-    return hex(service.sid, 4) + u':' + hex(ns, 8) + u':' + hex(tsid, 4) + u":0001:"_s
-        + QString::number(service.type) + u":0"_s;
+    return hex(service.sid, 4) + u':' + hex(ns, 8) + u':' + hex(tsid, 4) + u":0001:"_s +
+           QString::number(service.type) + u":0"_s;
 }
 
 } // namespace
@@ -62,13 +62,13 @@ QString reference(quint32 sid, quint32 type)
 
 QByteArray lamedb5(const QList<FixtureService> &services)
 {
-    QString text = u"eDVB services /5/\n# Transponders: t:dvb_namespace:transport_stream_id:original_network_id,FEPARMS\n"
+    QString text = u"eDVB services /5/\n# Transponders: "
+                   u"t:dvb_namespace:transport_stream_id:original_network_id,FEPARMS\n"
                    u"t:00c00000:0437:0001,s:11836500:27500000:1:2:192:2:0\n"
                    u"t:00820000:1388:0001,s:11034000:27500000:1:2:130:2:0\n"_s;
     for (const FixtureService &service : services) {
         text += u"s:"_s + header(service) + u",\""_s + service.name + u'"';
-        if (!service.provider.isEmpty())
-            text += u",p:"_s + service.provider;
+        if (!service.provider.isEmpty()) text += u",p:"_s + service.provider;
         text += u",c:000065\n"_s;
     }
     return text.toUtf8();
@@ -105,17 +105,17 @@ void write(const QString &folder)
     TestSupport::writeFile(folder + u"/bouquets.tv"_s,
                            index(u"tv"_s, {u"userbouquet.favourites.tv"_s, u"userbouquet.sport.tv"_s}));
     TestSupport::writeFile(folder + u"/bouquets.radio"_s, index(u"radio"_s, {u"userbouquet.radio.radio"_s}));
-    file(u"userbouquet.favourites.tv"_s,
-         u"#NAME Favoriten\n#SERVICE "_s + reference(0x83) + u"\n#SERVICE 1:64:0:0:0:0:0:0:0:0:\n"
-             u"#DESCRIPTION Nachrichten\n#SERVICE "_s + reference(0x84, 0x19) + u"\n#SERVICE "_s + reference(0x85)
-             + u'\n');
+    file(u"userbouquet.favourites.tv"_s, u"#NAME Favoriten\n#SERVICE "_s + reference(0x83) +
+                                             u"\n#SERVICE 1:64:0:0:0:0:0:0:0:0:\n"
+                                             u"#DESCRIPTION Nachrichten\n#SERVICE "_s +
+                                             reference(0x84, 0x19) + u"\n#SERVICE "_s + reference(0x85) +
+                                             u'\n');
     file(u"userbouquet.sport.tv"_s,
-         u"#NAME Sport\n#SERVICE "_s + reference(0x84, 0x19) + u"\n#SERVICE "_s + reference(0x83)
-             + u"\n#SERVICE 1:7:1:0:0:0:0:0:0:0:FROM BOUQUET \"subbouquet.extra.tv\" ORDER BY bouquet\n"
-               u"#SERVICE 1:0:1:999:437:1:C00000:0:0:0:\n"_s);
-    file(u"userbouquet.radio.radio"_s,
-         u"#NAME Radio\n#SERVICE "_s + reference(0x100, 2) + u"\n#SERVICE "_s + reference(0x101, 2)
-             + u"\n#SERVICE "_s + reference(0x89) + u'\n');
+         u"#NAME Sport\n#SERVICE "_s + reference(0x84, 0x19) + u"\n#SERVICE "_s + reference(0x83) +
+             u"\n#SERVICE 1:7:1:0:0:0:0:0:0:0:FROM BOUQUET \"subbouquet.extra.tv\" ORDER BY bouquet\n"
+             u"#SERVICE 1:0:1:999:437:1:C00000:0:0:0:\n"_s);
+    file(u"userbouquet.radio.radio"_s, u"#NAME Radio\n#SERVICE "_s + reference(0x100, 2) + u"\n#SERVICE "_s +
+                                           reference(0x101, 2) + u"\n#SERVICE "_s + reference(0x89) + u'\n');
     file(u"satellites.xml"_s,
          u"<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<satellites>\n"
          u"\t<sat name=\"Astra 1KR/1L/1M/1N (19.2E)\" flags=\"1\" position=\"192\">\n\t</sat>\n"

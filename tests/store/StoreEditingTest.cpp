@@ -84,8 +84,7 @@ Bouquet StoreEditingTest::bouquetNamed(const QString &name) const
 {
     for (const QList<Bouquet> &list : m_store->bouquets()) {
         for (const Bouquet &bouquet : list) {
-            if (bouquet.name == name)
-                return bouquet;
+            if (bouquet.name == name) return bouquet;
         }
     }
     qFatal("no bouquet named %s", qPrintable(name));
@@ -269,8 +268,9 @@ void StoreEditingTest::insertPositions()
 void StoreEditingTest::insertIgnoresTextsThatAreNoReferences()
 {
     const Bouquet sport = bouquetNamed(u"Sport"_s);
-    m_store->insert({u"hello"_s, u" 1:0:1:83:437:1:C00000:0:0:0:"_s, u"4097:0:1:1:1:1:0:0:0:0:http%3a//x:Y"_s},
-                    sport.id, 0);
+    m_store->insert(
+        {u"hello"_s, u" 1:0:1:83:437:1:C00000:0:0:0:"_s, u"4097:0:1:1:1:1:0:0:0:0:http%3a//x:Y"_s}, sport.id,
+        0);
     QVERIFY(!m_store->canUndo());
     QCOMPARE(bouquetNamed(u"Sport"_s), sport);
     m_store->insert({}, sport.id);
@@ -398,15 +398,15 @@ void StoreEditingTest::sortSelectedByName()
 {
     select(u"Sport"_s);
     m_store->addMarker(u"Nachrichten"_s);
-    m_store->insert({ListFixture::reference(0x86), ListFixture::reference(0x84, 0x19)}, m_store->selectedBouquetID());
+    m_store->insert({ListFixture::reference(0x86), ListFixture::reference(0x84, 0x19)},
+                    m_store->selectedBouquetID());
     const QList<BouquetEntry> before = bouquetNamed(u"Sport"_s).entries;
     m_store->renameEntry(before.last().id, u"zdf hd"_s);
     m_store->sortSelectedByName();
     // Locale-aware (Ö as O), case-insensitive, markers among the rest, equal names in their order.
-    QCOMPARE(entryNames(u"Sport"_s),
-             (QStringList{u"Das Erste HD"_s, u"Nachrichten"_s, u"Österreich 1"_s,
-                          u"Unbekannt (1:0:1:999:437:1:C00000:0:0:0:)"_s, u"Unter-Bouquet"_s, u"ZDF HD"_s,
-                          u"zdf hd"_s}));
+    QCOMPARE(entryNames(u"Sport"_s), (QStringList{u"Das Erste HD"_s, u"Nachrichten"_s, u"Österreich 1"_s,
+                                                  u"Unbekannt (1:0:1:999:437:1:C00000:0:0:0:)"_s,
+                                                  u"Unter-Bouquet"_s, u"ZDF HD"_s, u"zdf hd"_s}));
     const QList<BouquetEntry> sorted = bouquetNamed(u"Sport"_s).entries;
     QCOMPARE(sorted.at(5).id, before.first().id);
     QCOMPARE(sorted.at(6).id, before.last().id);
@@ -447,7 +447,8 @@ void StoreEditingTest::createBouquet()
     m_store->createBouquet(u"Sport 2"_s);
     QCOMPARE(bouquetNamed(u"Sport 2"_s).fileName, u"userbouquet.sport_2.radio"_s);
     m_store->renameBouquet(bouquetNamed(u"Sport 2"_s).id, u"Alt"_s);
-    m_store->mutate(bouquetNamed(u"Alt"_s).id, [](Bouquet &bouquet) { bouquet.fileName = u"userbouquet.sport_2.tv"_s; });
+    m_store->mutate(bouquetNamed(u"Alt"_s).id,
+                    [](Bouquet &bouquet) { bouquet.fileName = u"userbouquet.sport_2.tv"_s; });
 
     select(u"Favoriten"_s);
     m_store->setEntrySelection({bouquetNamed(u"Favoriten"_s).entries.first().id});
@@ -536,11 +537,13 @@ void StoreEditingTest::renameService()
     if (recorded.isEmpty()) {
         QVERIFY(m_store->serviceEdits().isEmpty());
         QCOMPARE(m_store->serviceIndex().value(key(0x83)).name, u"Das Erste HD"_s);
-        QCOMPARE(m_store->status(), u"Sender in „Das Erste HD“ umbenannt – auf die Box kommt das mit „Senden“."_s);
+        QCOMPARE(m_store->status(),
+                 u"Sender in „Das Erste HD“ umbenannt – auf die Box kommt das mit „Senden“."_s);
         return;
     }
     QCOMPARE(m_store->serviceEdits(), (ServiceEdits{{key(0x83), ServiceEdit::rename(recorded)}}));
-    QCOMPARE(m_store->status(), u"Sender in „%1“ umbenannt – auf die Box kommt das mit „Senden“."_s.arg(recorded));
+    QCOMPARE(m_store->status(),
+             u"Sender in „%1“ umbenannt – auf die Box kommt das mit „Senden“."_s.arg(recorded));
     QCOMPARE(m_store->serviceIndex().value(key(0x83)).name, recorded);
     QCOMPARE(entryNames(u"Favoriten"_s).first(), recorded);
     // The catalogue is sorted by the new name.

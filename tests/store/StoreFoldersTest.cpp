@@ -93,8 +93,8 @@ void StoreFoldersTest::initTestCase()
 void StoreFoldersTest::init()
 {
     QSettings(u"Corvandel"_s, u"Corvandel"_s).clear();
-    m_list = m_dir.path() + u'/' + QString::fromLatin1(QTest::currentTestFunction()) + u'/'
-        + QString::fromLatin1(QTest::currentDataTag()).replace(u' ', u'_') + u"/list"_s;
+    m_list = m_dir.path() + u'/' + QString::fromLatin1(QTest::currentTestFunction()) + u'/' +
+             QString::fromLatin1(QTest::currentDataTag()).replace(u' ', u'_') + u"/list"_s;
     ListFixture::write(m_list);
 }
 
@@ -104,8 +104,9 @@ void StoreFoldersTest::bothDatabases_data()
     QTest::addColumn<QString>("note");
     const QList<ListFixture::FixtureService> services = ListFixture::services();
     QTest::newRow("same services") << ListFixture::lamedb4(services) << QString();
-    QTest::newRow("one service fewer") << ListFixture::lamedb4(services.mid(1))
-                                       << u" Hinweis: lamedb und lamedb5 enthalten unterschiedliche Sender."_s;
+    QTest::newRow("one service fewer")
+        << ListFixture::lamedb4(services.mid(1))
+        << u" Hinweis: lamedb und lamedb5 enthalten unterschiedliche Sender."_s;
     QList<ListFixture::FixtureService> renamed = services;
     renamed[0].name = u"Anders benannt"_s;
     QTest::newRow("same keys, other names") << ListFixture::lamedb4(renamed) << QString();
@@ -170,16 +171,17 @@ void StoreFoldersTest::onlyLamedb()
 
 void StoreFoldersTest::missingAndHostileBouquetFiles()
 {
-    TestSupport::writeFile(m_list + u"/bouquets.tv"_s,
-                           "#NAME User - Bouquets (TV)\n"
-                           "#SERVICE 1:7:1:0:0:0:0:0:0:0:FROM BOUQUET \"userbouquet.gone.tv\" ORDER BY bouquet\n"
-                           "#SERVICE 1:7:1:0:0:0:0:0:0:0:FROM BOUQUET \"../outside.tv\" ORDER BY bouquet\n"
-                           "#SERVICE 1:7:1:0:0:0:0:0:0:0:FROM BOUQUET \"sub/inner.tv\" ORDER BY bouquet\n"
-                           "#SERVICE 1:7:1:0:0:0:0:0:0:0:FROM BOUQUET \"userbouquet.favourites.tv\" ORDER BY bouquet\n"
-                           "#DESCRIPTION FROM BOUQUET \"userbouquet.radio.radio\"\n"
-                           "#SERVICE 1:7:1:0:0:0:0:0:0:0:FROM BOUQUET \"userbouquet.sport.tv\" ORDER BY bouquet ex\"tra\n"
-                           "#SERVICE 1:7:1:0:0:0:0:0:0:0:FROM BOUQUET \"userbouquet.unterminated.tv\n"
-                           "#SERVICE 1:7:1:0:0:0:0:0:0:0:FROM BOUQUET \"\" ORDER BY bouquet\n");
+    TestSupport::writeFile(
+        m_list + u"/bouquets.tv"_s,
+        "#NAME User - Bouquets (TV)\n"
+        "#SERVICE 1:7:1:0:0:0:0:0:0:0:FROM BOUQUET \"userbouquet.gone.tv\" ORDER BY bouquet\n"
+        "#SERVICE 1:7:1:0:0:0:0:0:0:0:FROM BOUQUET \"../outside.tv\" ORDER BY bouquet\n"
+        "#SERVICE 1:7:1:0:0:0:0:0:0:0:FROM BOUQUET \"sub/inner.tv\" ORDER BY bouquet\n"
+        "#SERVICE 1:7:1:0:0:0:0:0:0:0:FROM BOUQUET \"userbouquet.favourites.tv\" ORDER BY bouquet\n"
+        "#DESCRIPTION FROM BOUQUET \"userbouquet.radio.radio\"\n"
+        "#SERVICE 1:7:1:0:0:0:0:0:0:0:FROM BOUQUET \"userbouquet.sport.tv\" ORDER BY bouquet ex\"tra\n"
+        "#SERVICE 1:7:1:0:0:0:0:0:0:0:FROM BOUQUET \"userbouquet.unterminated.tv\n"
+        "#SERVICE 1:7:1:0:0:0:0:0:0:0:FROM BOUQUET \"\" ORDER BY bouquet\n");
     const QByteArray outside = "#NAME Draußen\n#SERVICE 1:0:1:83:437:1:C00000:0:0:0:\n";
     TestSupport::writeFile(QFileInfo(m_list).path() + u"/outside.tv"_s, outside);
     TestSupport::writeFile(m_list + u"/sub/inner.tv"_s, outside);
@@ -194,9 +196,10 @@ void StoreFoldersTest::missingAndHostileBouquetFiles()
     const QString copy = m_list + u"/copy"_s;
     for (const QString &target : {m_list, copy}) {
         const QStringList written = store.save(target);
-        QCOMPARE(written, (QStringList{u"bouquets.tv"_s, u"userbouquet.favourites.tv"_s, u"userbouquet.sport.tv"_s,
-                                       u"userbouquet.neu.tv"_s, u"bouquets.radio"_s, u"userbouquet.radio.radio"_s}
-                           + (target == copy ? QStringList{u"lamedb5"_s} : QStringList())));
+        QCOMPARE(written,
+                 (QStringList{u"bouquets.tv"_s, u"userbouquet.favourites.tv"_s, u"userbouquet.sport.tv"_s,
+                              u"userbouquet.neu.tv"_s, u"bouquets.radio"_s, u"userbouquet.radio.radio"_s} +
+                  (target == copy ? QStringList{u"lamedb5"_s} : QStringList())));
     }
     QCOMPARE(TestSupport::readFile(QFileInfo(m_list).path() + u"/outside.tv"_s), outside);
     QCOMPARE(TestSupport::readFile(m_list + u"/sub/inner.tv"_s), outside);
@@ -236,7 +239,8 @@ void StoreFoldersTest::loadFailuresChangeNothing()
         TestSupport::writeFile(broken + u"/lamedb5"_s, "eDVB services /6/\n");
     } else if (breakage == u"bom") {
         ListFixture::write(broken);
-        TestSupport::writeFile(broken + u"/lamedb5"_s, "\xEF\xBB\xBF" + ListFixture::lamedb5(ListFixture::services()));
+        TestSupport::writeFile(broken + u"/lamedb5"_s,
+                               "\xEF\xBB\xBF" + ListFixture::lamedb5(ListFixture::services()));
     }
     try {
         store.load(broken);
@@ -244,8 +248,7 @@ void StoreFoldersTest::loadFailuresChangeNothing()
     } catch (const Error &error) {
         QCOMPARE(error.description(), description);
         QCOMPARE(error.code(), code);
-        if (code == 1)
-            QCOMPARE(error.domain(), u"Corvandel"_s);
+        if (code == 1) QCOMPARE(error.domain(), u"Corvandel"_s);
     }
     QCOMPARE(store.snapshot(), before);
     QCOMPARE(store.services(), services);
@@ -255,7 +258,8 @@ void StoreFoldersTest::loadFailuresChangeNothing()
     QVERIFY(store.canUndo());
 
     QVERIFY(!store.open(broken));
-    QCOMPARE(store.errorMessage(), u"„%1“ konnte nicht geladen werden: %2"_s.arg(store.label(broken), description));
+    QCOMPARE(store.errorMessage(),
+             u"„%1“ konnte nicht geladen werden: %2"_s.arg(store.label(broken), description));
     QCOMPARE(store.recentFolders(), QStringList{QDir::cleanPath(m_list)});
 }
 
@@ -268,8 +272,9 @@ void StoreFoldersTest::saveIntoTheSameFolderAndElsewhere()
     const QByteArray onDisk = ListFixture::lamedb5(ListFixture::services()) + "# changed on disk\n";
     TestSupport::writeFile(m_list + u"/lamedb5"_s, onDisk);
 
-    const QStringList bouquetFiles{u"bouquets.tv"_s, u"userbouquet.favourites.tv"_s, u"userbouquet.sport.tv"_s,
-                                   u"bouquets.radio"_s, u"userbouquet.radio.radio"_s};
+    const QStringList bouquetFiles{u"bouquets.tv"_s, u"userbouquet.favourites.tv"_s,
+                                   u"userbouquet.sport.tv"_s, u"bouquets.radio"_s,
+                                   u"userbouquet.radio.radio"_s};
     QCOMPARE(store.save(m_list + u"/./"_s), bouquetFiles);
     QCOMPARE(TestSupport::readFile(m_list + u"/lamedb5"_s), onDisk);
     QCOMPARE(read(m_list + u"/bouquets.tv"_s),
@@ -334,7 +339,8 @@ void StoreFoldersTest::recentFolders()
     for (int i = 0; i < 5; ++i)
         QVERIFY(store.open(folders.at(i) + u'/'));
     QVERIFY(store.open(folders.at(1)));
-    QCOMPARE(store.recentFolders(), (QStringList{folders[1], folders[4], folders[3], folders[2], folders[0]}));
+    QCOMPARE(store.recentFolders(),
+             (QStringList{folders[1], folders[4], folders[3], folders[2], folders[0]}));
     QVERIFY(store.open(folders.at(5)));
     const QStringList expected{folders[5], folders[1], folders[4], folders[3], folders[2]};
     QCOMPARE(store.recentFolders(), expected);
@@ -363,12 +369,10 @@ void StoreFoldersTest::restoreLastList()
     QFETCH(QString, host);
     QFETCH(QString, expected);
     QSettings preferences(u"Corvandel"_s, u"Corvandel"_s);
-    if (autoLoadLast.isValid())
-        preferences.setValue(u"autoLoadLast"_s, autoLoadLast);
+    if (autoLoadLast.isValid()) preferences.setValue(u"autoLoadLast"_s, autoLoadLast);
     preferences.setValue(u"recentFolders"_s, QStringList{m_list});
     preferences.sync();
-    if (!recentHasList)
-        QFile::remove(m_list + u"/lamedb5"_s);
+    if (!recentHasList) QFile::remove(m_list + u"/lamedb5"_s);
     const QString boxCopy = Paths::dataDir() + u"/127.0.0.1"_s;
     ListFixture::write(boxCopy);
     QFile::remove(boxCopy + u"/userbouquet.sport.tv"_s);
@@ -388,9 +392,9 @@ void StoreFoldersTest::restoreLastList()
     const QString loaded = expected == u"recent" ? QDir::cleanPath(m_list) : QDir::cleanPath(boxCopy);
     QCOMPARE(store.folder(), loaded);
     if (expected == u"recent") {
-        QCOMPARE(store.status(), u"Zuletzt verwendete Liste geladen (list – %1). "
-                                 u"9 Sender (lamedb5), 2 TV- und 1 Radio-Bouquets geladen."_s
-                                     .arg(QFileInfo(m_list).path()));
+        QCOMPARE(store.status(),
+                 u"Zuletzt verwendete Liste geladen (list – %1). "
+                 u"9 Sender (lamedb5), 2 TV- und 1 Radio-Bouquets geladen."_s.arg(QFileInfo(m_list).path()));
     } else {
         QCOMPARE(store.status(), u"Zuletzt verwendete Liste geladen (Box-Kopie 127.0.0.1). "
                                  u"9 Sender (lamedb5), 1 TV- und 1 Radio-Bouquets geladen. "
@@ -406,8 +410,7 @@ void StoreFoldersTest::corpusRoundTrip_data()
 {
     QTest::addColumn<QString>("folder");
     const QStringList folders = TestSupport::corpusListFolders();
-    if (folders.isEmpty())
-        QSKIP("the corpus of real channel lists is not there");
+    if (folders.isEmpty()) QSKIP("the corpus of real channel lists is not there");
     for (const QString &folder : folders)
         QTest::newRow(qPrintable(QDir(TestSupport::corpusDir()).relativeFilePath(folder))) << folder;
 }
@@ -439,8 +442,7 @@ void StoreFoldersTest::corpusRoundTrip()
     // An edit of each kind, saved into the folder and read back.
     const Service renamed = second.baseServices().first();
     second.renameService(renamed.key, u"Umbenannt im Test"_s);
-    if (second.currentBouquets().isEmpty())
-        second.createBouquet(u"Neu im Test"_s);
+    if (second.currentBouquets().isEmpty()) second.createBouquet(u"Neu im Test"_s);
     second.renameBouquet(second.selectedBouquetID(), u"Bouquet im Test"_s);
     second.addMarker(u"Marker im Test"_s);
     QCoro::waitFor(second.saveToCurrentFolder());
@@ -449,8 +451,7 @@ void StoreFoldersTest::corpusRoundTrip()
     Store third;
     third.load(out.path());
     for (const Service &service : third.baseServices()) {
-        if (service.key == renamed.key)
-            QCOMPARE(service.name, u"Umbenannt im Test"_s);
+        if (service.key == renamed.key) QCOMPARE(service.name, u"Umbenannt im Test"_s);
     }
     QCOMPARE(third.baseServices().size(), first.baseServices().size());
     const Bouquet shown = third.currentBouquets().first();
@@ -521,8 +522,7 @@ void StoreFoldersTest::failedSaves()
     // Written before the failure: the index and the renamed bouquet.
     QVERIFY(read(m_list + u"/userbouquet.favourites.tv"_s).startsWith(u"#NAME Neu benannt\n"_s));
     QCOMPARE(TestSupport::readFile(m_list + u"/userbouquet.radio.radio"_s), radio);
-    if (fault == u"full")
-        QCOMPARE(TestSupport::readFile(m_list + u"/userbouquet.sport.tv"_s), sport);
+    if (fault == u"full") QCOMPARE(TestSupport::readFile(m_list + u"/userbouquet.sport.tv"_s), sport);
     // No temporary files are left behind.
     const QStringList names = QDir(m_list).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     QCOMPARE(names, (QStringList{u"bouquets.radio"_s, u"bouquets.tv"_s, u"lamedb5"_s, u"satellites.xml"_s,

@@ -55,8 +55,7 @@ struct Notifications
         , changed(model, &QAbstractItemModel::dataChanged)
         , reset(model, &QAbstractItemModel::modelReset)
         , layout(model, &QAbstractItemModel::layoutChanged)
-    {
-    }
+    {}
     void clear()
     {
         for (QSignalSpy *spy : {&inserted, &removed, &moved, &changed, &reset, &layout})
@@ -119,7 +118,8 @@ void StoreModelsTest::verifyMirrors(const BouquetListModel &bouquets, const Entr
     const QList<Bouquet> current = m_store->currentBouquets();
     for (int row = 0; row < current.size(); ++row) {
         QCOMPARE(bouquets.index(row).data().toString(), current.at(row).name);
-        QCOMPARE(bouquets.index(row).data(BouquetListModel::EntryCountRole).toInt(), current.at(row).entries.size());
+        QCOMPARE(bouquets.index(row).data(BouquetListModel::EntryCountRole).toInt(),
+                 current.at(row).entries.size());
     }
     QCOMPARE(modelIds(entries, EntryListModel::IdRole), entryIds(*m_store));
     const QList<BouquetEntry> shown = m_store->selectedBouquet().value_or(Bouquet()).entries;
@@ -129,8 +129,7 @@ void StoreModelsTest::verifyMirrors(const BouquetListModel &bouquets, const Entr
     }
     QList<Service> kindServices;
     for (const Service &service : m_store->services()) {
-        if (service.kind() == m_store->kind())
-            kindServices << service;
+        if (service.kind() == m_store->kind()) kindServices << service;
     }
     QCOMPARE(services.rowCount(), kindServices.size());
     for (int row = 0; row < kindServices.size(); ++row) {
@@ -207,7 +206,8 @@ void StoreModelsTest::bouquetListDrops()
 
     // References dropped on a bouquet are appended to it; between bouquets they are refused.
     QMimeData references;
-    references.setText(ListFixture::reference(0x86) + u"\r\n\n"_s + ListFixture::reference(0x87) + u"\nkein Verweis"_s);
+    references.setText(ListFixture::reference(0x86) + u"\r\n\n"_s + ListFixture::reference(0x87) +
+                       u"\nkein Verweis"_s);
     QVERIFY(!model.canDropMimeData(&references, Qt::CopyAction, 1, 0, {}));
     QVERIFY(!model.dropMimeData(&references, Qt::CopyAction, 1, 0, {}));
     seen.clear();
@@ -232,7 +232,8 @@ void StoreModelsTest::entryList()
     QCOMPARE(model.index(1).data().toString(), u"Nachrichten"_s);
     QVERIFY(model.index(1).data(EntryListModel::MarkerRole).toBool());
     QVERIFY(!model.index(0).data(EntryListModel::MarkerRole).toBool());
-    QCOMPARE(model.index(2).data(EntryListModel::ReferenceRole).toString(), u"1:0:19:84:437:1:C00000:0:0:0:"_s);
+    QCOMPARE(model.index(2).data(EntryListModel::ReferenceRole).toString(),
+             u"1:0:19:84:437:1:C00000:0:0:0:"_s);
     QCOMPARE(model.index(3).data(EntryListModel::PositionRole).toInt(), 4);
     QVERIFY(model.index(0).data(EntryListModel::ServiceKnownRole).toBool());
 
@@ -349,8 +350,10 @@ void StoreModelsTest::serviceTable()
     QCOMPARE(model.index(0, 0).data(ServiceTableModel::ServiceKeyRole).value<ServiceKey>(), key(0x85));
 
     // Dragged rows: each service's reference once, one per line, in row order.
-    std::unique_ptr<QMimeData> dragged(model.mimeData({model.index(2, 1), model.index(0, 0), model.index(2, 3)}));
-    QCOMPARE(dragged->text(), ListFixture::reference(0x85) + u'\n' + model.index(2, 0).data(ServiceTableModel::ReferenceRole).toString());
+    std::unique_ptr<QMimeData> dragged(
+        model.mimeData({model.index(2, 1), model.index(0, 0), model.index(2, 3)}));
+    QCOMPARE(dragged->text(), ListFixture::reference(0x85) + u'\n' +
+                                  model.index(2, 0).data(ServiceTableModel::ReferenceRole).toString());
     QVERIFY(!model.flags(model.index(0, 0)).testFlag(Qt::ItemIsEditable));
 
     // A usage change touches the usage column of the rows concerned only.
@@ -425,7 +428,8 @@ void StoreModelsTest::randomEditsKeepModelsInStep()
             break;
         case 4:
             if (shown > 0)
-                m_store->renameEntry(entryIds(*m_store).at(random.bounded(int(shown))), QString::number(step));
+                m_store->renameEntry(entryIds(*m_store).at(random.bounded(int(shown))),
+                                     QString::number(step));
             break;
         case 5:
             m_store->sortSelectedByName();
@@ -442,7 +446,8 @@ void StoreModelsTest::randomEditsKeepModelsInStep()
             break;
         case 9:
             if (!current.isEmpty())
-                m_store->renameBouquet(current.at(random.bounded(int(current.size()))).id, u"R%1"_s.arg(step));
+                m_store->renameBouquet(current.at(random.bounded(int(current.size()))).id,
+                                       u"R%1"_s.arg(step));
             break;
         case 10:
         case 11:
@@ -459,7 +464,8 @@ void StoreModelsTest::randomEditsKeepModelsInStep()
             if (random.bounded(4) == 0)
                 m_store->setKind(kindBefore == MediaKind::tv ? MediaKind::radio : MediaKind::tv);
             else
-                m_store->renameService(key(fixture.at(random.bounded(int(fixture.size()))).sid), u"S%1"_s.arg(step));
+                m_store->renameService(key(fixture.at(random.bounded(int(fixture.size()))).sid),
+                                       u"S%1"_s.arg(step));
             break;
         case 15:
             if (random.bounded(3) == 0)
@@ -471,7 +477,8 @@ void StoreModelsTest::randomEditsKeepModelsInStep()
         verifyMirrors(bouquets, entries, services);
         // The entry list is reset only when it shows another bouquet.
         if (entryResets.count() != resetsBefore)
-            QVERIFY2(entries.bouquetID() != shownBefore || m_store->kind() != kindBefore, qPrintable(QString::number(step)));
+            QVERIFY2(entries.bouquetID() != shownBefore || m_store->kind() != kindBefore,
+                     qPrintable(QString::number(step)));
     }
 }
 

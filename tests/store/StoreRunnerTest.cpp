@@ -22,7 +22,8 @@ namespace {
 QStringList logLines()
 {
     BoxLog::shared().flush();
-    return QString::fromUtf8(TestSupport::readFile(BoxLog::shared().filePath())).split(u'\n', Qt::SkipEmptyParts);
+    return QString::fromUtf8(TestSupport::readFile(BoxLog::shared().filePath()))
+        .split(u'\n', Qt::SkipEmptyParts);
 }
 
 void setHost(Store &store, const QString &host)
@@ -100,11 +101,12 @@ void StoreRunnerTest::performLogsSuccess()
 
     const QStringList lines = logLines().mid(before);
     QCOMPARE(lines.size(), 2);
-    const QRegularExpression start(u"^\\d\\d:\\d\\d:\\d\\d  >>>  Aufgabe    "_s
-                                   + QRegularExpression::escape(logged + u" – Box 192.168.0.10"_s) + u'$');
+    const QRegularExpression start(u"^\\d\\d:\\d\\d:\\d\\d  >>>  Aufgabe    "_s +
+                                   QRegularExpression::escape(logged + u" – Box 192.168.0.10"_s) + u'$');
     QVERIFY2(start.match(lines.at(0)).hasMatch(), qPrintable(lines.at(0)));
-    const QRegularExpression end(u"^\\d\\d:\\d\\d:\\d\\d  OK   Aufgabe    "_s + QRegularExpression::escape(logged)
-                                 + u": fertig in \\d+\\.\\d\\d s – Alles gut$"_s);
+    const QRegularExpression end(u"^\\d\\d:\\d\\d:\\d\\d  OK   Aufgabe    "_s +
+                                 QRegularExpression::escape(logged) +
+                                 u": fertig in \\d+\\.\\d\\d s – Alles gut$"_s);
     QVERIFY2(end.match(lines.at(1)).hasMatch(), qPrintable(lines.at(1)));
 }
 
@@ -126,12 +128,10 @@ void StoreRunnerTest::performReportsFailures()
     store.setStatus(u"Vorher"_s);
     const qsizetype before = logLines().size();
     QCoro::Task<> task = store.perform(u"Lade von der Box…"_s, [&]() -> QCoro::Task<> {
-        if (kind == 2)
-            throw MessageError(description);
+        if (kind == 2) throw MessageError(description);
         store.setStatus(u"Halb fertig"_s);
         co_await QCoro::sleepFor(30ms);
-        if (kind == 0)
-            throw MessageError(description, u"Corvandel"_s, 2);
+        if (kind == 0) throw MessageError(description, u"Corvandel"_s, 2);
         throw std::runtime_error("kaputt");
     });
     QCoro::waitFor(task);
@@ -143,9 +143,10 @@ void StoreRunnerTest::performReportsFailures()
     const QStringList lines = logLines().mid(before);
     QCOMPARE(lines.size(), 2);
     QVERIFY(lines.at(0).endsWith(u"  >>>  Aufgabe    Lade von der Box – Box box.local"_s));
-    const QRegularExpression failed(u"^\\d\\d:\\d\\d:\\d\\d  ERR  Aufgabe    Lade von der Box: abgebrochen nach "
-                                    u"\\d+\\.\\d\\d s – "_s
-                                    + QRegularExpression::escape(description) + u'$');
+    const QRegularExpression failed(
+        u"^\\d\\d:\\d\\d:\\d\\d  ERR  Aufgabe    Lade von der Box: abgebrochen nach "
+        u"\\d+\\.\\d\\d s – "_s +
+        QRegularExpression::escape(description) + u'$');
     QVERIFY2(failed.match(lines.at(1)).hasMatch(), qPrintable(lines.at(1)));
 }
 
@@ -193,7 +194,8 @@ void StoreRunnerTest::mergeFolders()
     QVERIFY(QFileInfo::exists(data + u"/Picons/new/a.png"_s));
     QVERIFY(QFileInfo::exists(data + u"/Picons/new/.hidden"_s));
     QVERIFY(!QFileInfo::exists(data + u"/Picons/old"_s));
-    QCOMPARE(TestSupport::readFile(data + u"/Sicherungen/new/2024-03-01_08-05-09/lamedb"_s), QByteArray("backup"));
+    QCOMPARE(TestSupport::readFile(data + u"/Sicherungen/new/2024-03-01_08-05-09/lamedb"_s),
+             QByteArray("backup"));
     QVERIFY(!QFileInfo::exists(data + u"/Sicherungen/old"_s));
 
     const QStringList lines = logLines().mid(before);
