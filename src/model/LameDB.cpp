@@ -119,6 +119,17 @@ std::optional<QByteArrayView> providerBytes(QByteArrayView line)
     return std::nullopt;
 }
 
+// Moves past the next line that equals `wanted`; false when there is none.
+bool skipPast(Lines &lines, QByteArrayView wanted)
+{
+    while (const auto line = lines.peek()) {
+        lines.advance();
+        if (*line == wanted)
+            return true;
+    }
+    return false;
+}
+
 // Lines of a text counted at line feeds only: cheap, and close enough to size the service list.
 qsizetype lineFeeds(QByteArrayView text)
 {
@@ -286,15 +297,7 @@ Database parseV4(QByteArrayView text)
 {
     DatabaseBuilder builder(lineFeeds(text) / 3);
     Lines lines(text);
-    bool found = false;
-    while (const auto line = lines.peek()) {
-        lines.advance();
-        if (*line == "transponders") {
-            found = true;
-            break;
-        }
-    }
-    if (!found)
+    if (!skipPast(lines, "transponders"))
         return builder.take();
 
     while (const auto line = lines.peek()) {
@@ -313,15 +316,7 @@ Database parseV4(QByteArrayView text)
         lines.advance(3);
     }
 
-    found = false;
-    while (const auto line = lines.peek()) {
-        lines.advance();
-        if (*line == "services") {
-            found = true;
-            break;
-        }
-    }
-    if (!found)
+    if (!skipPast(lines, "services"))
         return builder.take();
 
     while (const auto data = lines.peek(2)) {

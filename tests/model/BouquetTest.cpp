@@ -2,6 +2,7 @@
 // every bouquet and index file of the corpus.
 
 #include "Bouquet.h"
+#include "CorpusFiles.h"
 #include "BouquetIndex.h"
 #include "TestSupport.h"
 #include "Utf8.h"
@@ -56,16 +57,6 @@ QByteArray expectedRewrite(const QByteArray &file, const QString &fileName)
         }
     }
     return "#NAME " + name + '\n' + body;
-}
-
-QStringList corpusFiles(const QStringList &patterns)
-{
-    QStringList files;
-    for (const QString &folder : TestSupport::corpusListFolders()) {
-        for (const QString &name : QDir(folder).entryList(patterns, QDir::Files, QDir::Name))
-            files << folder + u'/' + name;
-    }
-    return files;
 }
 
 } // namespace
@@ -322,11 +313,11 @@ private slots:
     void corpusBouquets_data()
     {
         QTest::addColumn<QString>("path");
-        const QStringList files = corpusFiles({u"userbouquet.*"_s, u"subbouquet.*"_s});
+        const QStringList files = CorpusFiles::matching({u"userbouquet.*"_s, u"subbouquet.*"_s});
         if (files.isEmpty())
             QSKIP("corpus not present");
         for (const QString &file : files)
-            QTest::newRow(file.mid(file.indexOf(u"corpus/"_s) + 7).toUtf8().constData()) << file;
+            QTest::newRow(CorpusFiles::rowName(file).constData()) << file;
     }
 
     // Writing what was read gives the file less the lines the format drops, with line feeds.
@@ -346,7 +337,7 @@ private slots:
 
     void corpusIndexes()
     {
-        const QStringList files = corpusFiles({u"bouquets.tv"_s, u"bouquets.radio"_s});
+        const QStringList files = CorpusFiles::matching({u"bouquets.tv"_s, u"bouquets.radio"_s});
         if (files.isEmpty())
             QSKIP("corpus not present");
         static const QRegularExpression phrase(u"FROM BOUQUET \"([^\"]*)\""_s);

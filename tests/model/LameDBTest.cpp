@@ -1,6 +1,7 @@
 // The service database: both readers, the in-place writer, hostile input, and round trips over
 // every database of the corpus and a generated list of 100,000 services.
 
+#include "CorpusFiles.h"
 #include "LameDB.h"
 #include "ListGenerator.h"
 #include "TestSupport.h"
@@ -55,18 +56,6 @@ qsizetype uniqueServiceNearMiddle(const LameDB::Database &database)
             return i;
     }
     return -1;
-}
-
-QList<QByteArray> databaseFiles()
-{
-    QList<QByteArray> paths;
-    for (const QString &folder : TestSupport::corpusListFolders()) {
-        for (const QString &name : {u"lamedb"_s, u"lamedb5"_s}) {
-            if (QFileInfo::exists(folder + u'/' + name))
-                paths << (folder + u'/' + name).toUtf8();
-        }
-    }
-    return paths;
 }
 
 } // namespace
@@ -560,11 +549,11 @@ private slots:
     void corpusDatabases_data()
     {
         QTest::addColumn<QString>("path");
-        const QList<QByteArray> paths = databaseFiles();
+        const QStringList paths = CorpusFiles::matching({u"lamedb"_s, u"lamedb5"_s});
         if (paths.isEmpty())
             QSKIP("corpus not present");
-        for (const QByteArray &path : paths)
-            QTest::newRow(path.mid(path.indexOf("corpus/") + 7).constData()) << QString::fromUtf8(path);
+        for (const QString &path : paths)
+            QTest::newRow(CorpusFiles::rowName(path).constData()) << path;
     }
 
     // Reading counts every service record; an edit changes exactly the lines of its service.
