@@ -1,7 +1,6 @@
 #include "BouquetListModel.h"
 
 #include "DragData.h"
-#include "ListDiff.h"
 #include "Store.h"
 
 #include <QMimeData>
@@ -11,54 +10,29 @@
 using namespace Qt::StringLiterals;
 
 BouquetListModel::BouquetListModel(Store *store, QObject *parent)
-    : QAbstractListModel(parent)
+    : IdListModel(parent)
     , m_store(store)
     , m_kind(store->kind())
-    , m_bouquets(store->currentBouquets())
 {
+    m_items = store->currentBouquets();
     connect(store, &Store::bouquetsChanged, this, &BouquetListModel::follow);
     connect(store, &Store::kindChanged, this, &BouquetListModel::follow);
 }
 
 void BouquetListModel::follow()
 {
-    const QList<Bouquet> target = m_store->currentBouquets();
     if (m_kind != m_store->kind()) {
-        beginResetModel();
         m_kind = m_store->kind();
-        m_bouquets = target;
-        endResetModel();
+        resetTo(m_store->currentBouquets());
         return;
     }
-    const QModelIndex root;
-    const ListDiff::Notifier notifier{
-        [&](qsizetype first, qsizetype last) { beginRemoveRows(root, int(first), int(last)); },
-        [&] { endRemoveRows(); },
-        [&](qsizetype first, qsizetype last, qsizetype to) {
-            beginMoveRows(root, int(first), int(last), root, int(to));
-        },
-        [&] { endMoveRows(); },
-        [&](qsizetype first, qsizetype last) { beginInsertRows(root, int(first), int(last)); },
-        [&] { endInsertRows(); },
-        [&](qsizetype first, qsizetype last) { emit dataChanged(index(int(first)), index(int(last))); },
-    };
-    if (!ListDiff::apply(
-            m_bouquets, target, [](const Bouquet &bouquet) { return bouquet.id; }, notifier)) {
-        beginResetModel();
-        m_bouquets = target;
-        endResetModel();
-    }
-}
-
-int BouquetListModel::rowCount(const QModelIndex &parent) const
-{
-    return parent.isValid() ? 0 : int(m_bouquets.size());
+    IdListModel::follow(m_store->currentBouquets());
 }
 
 QVariant BouquetListModel::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid)) return {};
-    const Bouquet &bouquet = m_bouquets.at(index.row());
+    const Bouquet &bouquet = m_items.at(index.row());
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
@@ -82,7 +56,7 @@ bool BouquetListModel::setData(const QModelIndex &index, const QVariant &value, 
         return false;
     const QString name = value.toString().trimmed();
     if (name.isEmpty()) return false;
-    m_store->renameBouquet(m_bouquets.at(index.row()).id, name);
+    m_store->renameBouquet(m_items.at(index.row()).id, name);
     return true;
 }
 
@@ -95,7 +69,7 @@ Qt::ItemFlags BouquetListModel::flags(const QModelIndex &index) const
 
 QHash<int, QByteArray> BouquetListModel::roleNames() const
 {
-    QHash<int, QByteArray> names = QAbstractListModel::roleNames();
+    QHash<int, QByteArray> names = IdListModel::roleNames();
     names.insert(IdRole, "bouquetId");
     names.insert(FileNameRole, "fileName");
     names.insert(EntryCountRole, "entryCount");
@@ -164,6 +138,6 @@ bool BouquetListModel::dropMimeData(const QMimeData *data, Qt::DropAction action
         m_store->moveBouquets(QSet<qsizetype>(rows->cbegin(), rows->cend()), destination);
         return true;
     }
-    m_store->insert(DragData::references(data), m_bouquets.at(parent.row()).id);
+    m_store->insert(DragData::references(data), m_items.at(parent.row()).id);
     return true;
 }

@@ -1,15 +1,13 @@
 #pragma once
 
 #include "Bouquet.h"
-
-#include <QAbstractListModel>
-#include <QList>
+#include "IdListModel.h"
 
 class Store;
 
 // The bouquets of the current kind, for the sidebar: renamed in place, reordered by dragging, and
 // a drop target for service references.
-class BouquetListModel : public QAbstractListModel
+class BouquetListModel : public IdListModel<Bouquet>
 {
     Q_OBJECT
 
@@ -20,7 +18,6 @@ public:
 
     explicit BouquetListModel(Store *store, QObject *parent = nullptr);
 
-    int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
     bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
@@ -42,5 +39,4 @@ private:
 
     Store *m_store;
     MediaKind m_kind;
-    QList<Bouquet> m_bouquets;
 };

@@ -1,7 +1,6 @@
 #include "EntryListModel.h"
 
 #include "DragData.h"
-#include "ListDiff.h"
 #include "Store.h"
 
 #include <QMimeData>
@@ -27,12 +26,12 @@ QUuid shownBouquet(const Store &store)
 } // namespace
 
 EntryListModel::EntryListModel(Store *store, QObject *parent)
-    : QAbstractListModel(parent)
+    : IdListModel(parent)
     , m_store(store)
     , m_kind(store->kind())
     , m_bouquetID(shownBouquet(*store))
-    , m_entries(shownEntries(*store))
 {
+    m_items = shownEntries(*store);
     connect(store, &Store::bouquetsChanged, this, &EntryListModel::follow);
     connect(store, &Store::kindChanged, this, &EntryListModel::follow);
     connect(store, &Store::selectedBouquetIDChanged, this, &EntryListModel::follow);
@@ -45,61 +44,27 @@ void EntryListModel::follow()
     const QList<BouquetEntry> target = shownEntries(*m_store);
     const QUuid bouquetID = shownBouquet(*m_store);
     if (m_kind != m_store->kind() || m_bouquetID != bouquetID) {
-        beginResetModel();
         m_kind = m_store->kind();
         m_bouquetID = bouquetID;
-        m_entries = target;
-        endResetModel();
+        resetTo(target);
         return;
     }
-    // Rows below a structural change get new position numbers.
-    qsizetype firstMoved = -1;
-    const auto moved = [&](qsizetype row) { firstMoved = firstMoved < 0 ? row : std::min(firstMoved, row); };
-    const QModelIndex root;
-    const ListDiff::Notifier notifier{
-        [&](qsizetype first, qsizetype last) {
-            moved(first);
-            beginRemoveRows(root, int(first), int(last));
-        },
-        [&] { endRemoveRows(); },
-        [&](qsizetype first, qsizetype last, qsizetype to) {
-            moved(to);
-            beginMoveRows(root, int(first), int(last), root, int(to));
-        },
-        [&] { endMoveRows(); },
-        [&](qsizetype first, qsizetype last) {
-            moved(first);
-            beginInsertRows(root, int(first), int(last));
-        },
-        [&] { endInsertRows(); },
-        [&](qsizetype first, qsizetype last) { emit dataChanged(index(int(first)), index(int(last))); },
-    };
-    if (!ListDiff::apply(
-            m_entries, target, [](const BouquetEntry &entry) { return entry.id; }, notifier)) {
-        beginResetModel();
-        m_entries = target;
-        endResetModel();
-        return;
-    }
-    if (firstMoved >= 0 && firstMoved < m_entries.size())
-        emit dataChanged(index(int(firstMoved)), index(int(m_entries.size() - 1)), {PositionRole});
+    // Rows below a structural change show new position numbers.
+    const qsizetype firstShifted = IdListModel::follow(target);
+    if (firstShifted >= 0 && firstShifted < m_items.size())
+        emit dataChanged(index(int(firstShifted)), index(int(m_items.size() - 1)), {PositionRole});
 }
 
 void EntryListModel::namesChanged()
 {
-    if (!m_entries.isEmpty())
-        emit dataChanged(index(0), index(int(m_entries.size() - 1)), {Qt::DisplayRole, ServiceKnownRole});
-}
-
-int EntryListModel::rowCount(const QModelIndex &parent) const
-{
-    return parent.isValid() ? 0 : int(m_entries.size());
+    if (!m_items.isEmpty())
+        emit dataChanged(index(0), index(int(m_items.size() - 1)), {Qt::DisplayRole, ServiceKnownRole});
 }
 
 QVariant EntryListModel::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid)) return {};
-    const BouquetEntry &entry = m_entries.at(index.row());
+    const BouquetEntry &entry = m_items.at(index.row());
     switch (role) {
     case Qt::DisplayRole:
         return m_store->displayName(entry);
@@ -127,7 +92,7 @@ bool EntryListModel::setData(const QModelIndex &index, const QVariant &value, in
         !checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
         return false;
     // An empty name brings back the name from the database.
-    m_store->renameEntry(m_entries.at(index.row()).id, value.toString().trimmed());
+    m_store->renameEntry(m_items.at(index.row()).id, value.toString().trimmed());
     return true;
 }
 
@@ -140,7 +105,7 @@ Qt::ItemFlags EntryListModel::flags(const QModelIndex &index) const
 
 QHash<int, QByteArray> EntryListModel::roleNames() const
 {
-    QHash<int, QByteArray> names = QAbstractListModel::roleNames();
+    QHash<int, QByteArray> names = IdListModel::roleNames();
     names.insert(IdRole, "entryId");
     names.insert(ReferenceRole, "reference");
     names.insert(MarkerRole, "marker");
@@ -188,7 +153,7 @@ QMimeData *EntryListModel::mimeData(const QModelIndexList &indexes) const
     rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
     QStringList references;
     for (int row : std::as_const(rows))
-        references << m_entries.at(row).reference;
+        references << m_items.at(row).reference;
     auto *data = new QMimeData;
     // Plain text as well, so that entries dropped on another bouquet are copied there.
     DragData::setReferences(data, references);

@@ -1,17 +1,16 @@
 #pragma once
 
 #include "BouquetEntry.h"
+#include "IdListModel.h"
 #include "MediaKind.h"
 
-#include <QAbstractListModel>
-#include <QList>
 #include <QUuid>
 
 class Store;
 
 // The entries of the selected bouquet: display names, references, markers and positions. Accepts
 // service references dropped from the service table and reorders entries dragged within itself.
-class EntryListModel : public QAbstractListModel
+class EntryListModel : public IdListModel<BouquetEntry>
 {
     Q_OBJECT
 
@@ -25,7 +24,6 @@ public:
     // The bouquet shown; null when none is selected.
     QUuid bouquetID() const { return m_bouquetID; }
 
-    int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
     bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
@@ -49,5 +47,4 @@ private:
     Store *m_store;
     MediaKind m_kind;
     QUuid m_bouquetID;
-    QList<BouquetEntry> m_entries;
 };

@@ -21,12 +21,15 @@ struct Notifier
     std::function<void()> endInsert;
     // Rows first..last keep their ids but hold other values.
     std::function<void(qsizetype first, qsizetype last)> changed;
+    // The same rows in a new order, too scattered for single moves (a sort): the model announces a
+    // layout change, moves its persistent indexes and takes the target's order.
+    std::function<void()> permuted;
 };
 
 // Returns false, having sent only complete notifications, when the ids are not unique or the
-// change needs more than `limit` steps; the model then resets to `target`.
+// change needs more than `limit` steps and is no mere reordering; the model then resets to `target`.
 template <typename T, typename IdOf>
-bool apply(QList<T> &current, const QList<T> &target, IdOf idOf, const Notifier &notify, int limit = 200)
+bool apply(QList<T> &current, const QList<T> &target, IdOf idOf, const Notifier &notify, int limit = 1000)
 {
     if (current.size() == target.size() && current.constData() == target.constData()) return true;
     using Id = decltype(idOf(target.first()));
@@ -63,25 +66,48 @@ bool apply(QList<T> &current, const QList<T> &target, IdOf idOf, const Notifier 
     for (const T &item : target) {
         if (inCurrent.contains(idOf(item))) order << idOf(item);
     }
-    for (qsizetype i = 0; i < current.size();) {
-        if (idOf(current.at(i)) == order.at(i)) {
+    // The greedy moves that bring `ids` into `order`, each a block that already stands in sequence.
+    QList<Id> ids;
+    ids.reserve(current.size());
+    for (const T &item : std::as_const(current))
+        ids << idOf(item);
+    struct Move
+    {
+        qsizetype from, length, to;
+    };
+    QList<Move> moves;
+    for (qsizetype i = 0; i < ids.size();) {
+        if (ids.at(i) == order.at(i)) {
             ++i;
             continue;
         }
         qsizetype from = i + 1;
-        while (idOf(current.at(from)) != order.at(i))
+        while (ids.at(from) != order.at(i))
             ++from;
         qsizetype length = 1;
-        while (from + length < current.size() && idOf(current.at(from + length)) == order.at(i + length))
+        while (from + length < ids.size() && ids.at(from + length) == order.at(i + length))
             ++length;
-        if (++steps > limit) return false;
-        notify.beginMove(from, from + length - 1, i);
-        const QList<T> block = current.mid(from, length);
-        current.remove(from, length);
-        current.insert(i, length, T());
-        std::copy(block.cbegin(), block.cend(), current.begin() + i);
-        notify.endMove();
+        if (++steps > limit) {
+            // Too many for single moves: a reordering becomes one layout change.
+            if (order.size() != target.size() || current.size() != target.size()) return false;
+            notify.permuted();
+            current = target;
+            return true;
+        }
+        moves << Move{from, length, i};
+        const QList<Id> block = ids.mid(from, length);
+        ids.remove(from, length);
+        ids.insert(i, length, Id());
+        std::copy(block.cbegin(), block.cend(), ids.begin() + i);
         i += length;
+    }
+    for (const Move &move : std::as_const(moves)) {
+        notify.beginMove(move.from, move.from + move.length - 1, move.to);
+        const QList<T> block = current.mid(move.from, move.length);
+        current.remove(move.from, move.length);
+        current.insert(move.to, move.length, T());
+        std::copy(block.cbegin(), block.cend(), current.begin() + move.to);
+        notify.endMove();
     }
 
     // Insertions: the rows that are new, in runs.

@@ -80,6 +80,7 @@ private slots:
     void bouquetListDrops();
     void entryList();
     void entryListDrops();
+    void sortingALargeBouquetIsALayoutChange();
     void serviceTable();
     void randomEditsKeepModelsInStep();
 
@@ -327,6 +328,37 @@ void StoreModelsTest::entryListDrops()
     QCOMPARE(model.rowCount(), 6);
     QCOMPARE(model.index(0).data(EntryListModel::ReferenceRole).toString(), ListFixture::reference(0x83));
     QCOMPARE(model.index(1).data(EntryListModel::ReferenceRole).toString(), u"1:64:0:0:0:0:0:0:0:0:"_s);
+}
+
+void StoreModelsTest::sortingALargeBouquetIsALayoutChange()
+{
+    EntryListModel model(m_store.get());
+    QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    QStringList references;
+    QRandomGenerator random(7);
+    for (int i = 0; i < 3000; ++i)
+        references << u"1:0:1:%1:437:1:C00000:0:0:0:"_s.arg(random.bounded(1, 0xFFFFFF), 0, 16);
+    m_store->insert(references, m_store->selectedBouquetID());
+    QCOMPARE(model.rowCount(), 3004);
+    const QPersistentModelIndex marker(model.index(1));
+    QCOMPARE(marker.data().toString(), u"Nachrichten"_s);
+    Notifications seen(&model);
+
+    m_store->sortSelectedByName();
+    QCOMPARE(seen.layout.count(), 1);
+    QCOMPARE(seen.reset.count() + seen.inserted.count() + seen.removed.count() + seen.moved.count(), 0);
+    QCOMPARE(modelIds(model, EntryListModel::IdRole), entryIds(*m_store));
+    // A row the view holds on to follows its entry.
+    QVERIFY(marker.isValid());
+    QCOMPARE(marker.data().toString(), u"Nachrichten"_s);
+    QCOMPARE(marker.row(), int(entryIds(*m_store).indexOf(marker.data(EntryListModel::IdRole).toUuid())));
+    QVERIFY(marker.row() != 1);
+
+    // Back again by undo, with the same kind of notification.
+    m_store->undo();
+    QCOMPARE(seen.layout.count(), 2);
+    QCOMPARE(marker.row(), 1);
+    QCOMPARE(seen.reset.count(), 0);
 }
 
 void StoreModelsTest::serviceTable()
