@@ -153,6 +153,23 @@ private slots:
         QCOMPARE(cut.entries[0].reference, u"1:0:1:83"_s);
     }
 
+    // A file cut anywhere keeps the entries before the cut as they were.
+    void truncatedFile()
+    {
+        const QByteArray whole = "#NAME Sport\r\n#SERVICE 1:64:0:0:0:0:0:0:0:0:\r\n#DESCRIPTION --- Fußball ---\r\n"
+                                 "#SERVICE 1:0:19:2B66:3F3:1:C00000:0:0:0:\r\n#SERVICE 1:0:1:83:437:1:C00000:0:0:0:\r\n"
+                                 "#DESCRIPTION Eins\r\n";
+        const QList<Entry> full = entries(Bouquet::parse(u"f.tv"_s, MediaKind::tv, whole));
+        for (qsizetype length = 0; length <= whole.size(); ++length) {
+            const Bouquet part = Bouquet::parse(u"f.tv"_s, MediaKind::tv, whole.left(length));
+            const QList<Entry> read = entries(part);
+            QVERIFY(read.size() <= full.size());
+            for (qsizetype i = 0; i + 1 < read.size(); ++i)
+                QCOMPARE(read[i], full[i]);
+            QVERIFY(part.name == u"f.tv"_s || u"Sport"_s.startsWith(part.name));
+        }
+    }
+
     void invalidUtf8()
     {
         const Bouquet bouquet = Bouquet::parse(u"f.tv"_s, MediaKind::radio, "#NAME Caf\xe9\n#SERVICE a\xff\xfe" "b\n");

@@ -252,6 +252,30 @@ private slots:
             QVERIFY(LameDB::parseV4(full.left(length)).services.size() <= 2);
     }
 
+    // A file cut anywhere reads as the start of the whole: every service but a cut last one is
+    // read exactly as from the whole file.
+    void truncatedFiles()
+    {
+        ListGenerator::Options options;
+        options.services = 120;
+        options.transponders = 12;
+        options.bouquets = 0;
+        const ListGenerator::List list = ListGenerator::generate(options);
+        for (const QByteArray &whole : {list.lamedb5, list.lamedb}) {
+            const auto full = LameDB::parse(whole).services;
+            for (qsizetype length = 0; length < whole.size(); length += 5) {
+                const QByteArray cut = whole.left(length);
+                const bool known = cut.size() >= 17; // the whole header
+                const auto part = known ? LameDB::parse(cut).services : QList<Service>();
+                QVERIFY(part.size() <= full.size());
+                for (qsizetype i = 0; i + 1 < part.size(); ++i)
+                    QCOMPARE(part[i], full[i]);
+                if (!part.isEmpty())
+                    QCOMPARE(part.last().key, full[part.size() - 1].key);
+            }
+        }
+    }
+
     void format5()
     {
         const QByteArray text = "eDVB services /5/\n# comment\n"
