@@ -10,7 +10,7 @@
 using namespace Qt::StringLiterals;
 
 BouquetListModel::BouquetListModel(Store *store, QObject *parent)
-    : IdListModel(parent)
+    : IdListModel(rowsMimeType, parent)
     , m_store(store)
     , m_kind(store->kind())
 {
@@ -76,46 +76,20 @@ QHash<int, QByteArray> BouquetListModel::roleNames() const
     return names;
 }
 
-bool BouquetListModel::moveRows(const QModelIndex &sourceParent, int sourceRow, int count,
-                                const QModelIndex &destinationParent, int destinationChild)
-{
-    if (sourceParent.isValid() || destinationParent.isValid() || count <= 0 || sourceRow < 0 ||
-        sourceRow + count > rowCount() || destinationChild < 0 || destinationChild > rowCount() ||
-        (destinationChild >= sourceRow && destinationChild <= sourceRow + count))
-        return false;
-    QSet<qsizetype> rows;
-    for (int row = sourceRow; row < sourceRow + count; ++row)
-        rows.insert(row);
-    m_store->moveBouquets(rows, destinationChild);
-    return true;
-}
-
-Qt::DropActions BouquetListModel::supportedDropActions() const
-{
-    return Qt::MoveAction | Qt::CopyAction;
-}
-
 Qt::DropActions BouquetListModel::supportedDragActions() const
 {
     return Qt::MoveAction;
 }
 
-QStringList BouquetListModel::mimeTypes() const
+void BouquetListModel::moveItems(const QSet<qsizetype> &rows, qsizetype to)
 {
-    return {rowsMimeType, u"text/plain"_s};
+    m_store->moveBouquets(rows, to);
 }
 
 QMimeData *BouquetListModel::mimeData(const QModelIndexList &indexes) const
 {
     QList<int> rows;
-    for (const QModelIndex &index : indexes) {
-        if (index.isValid() && index.model() == this) rows << index.row();
-    }
-    std::sort(rows.begin(), rows.end());
-    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
-    auto *data = new QMimeData;
-    DragData::setRows(data, rowsMimeType, m_kind.rawValue(), rows);
-    return data;
+    return rowsMimeData(indexes, rows);
 }
 
 bool BouquetListModel::canDropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
@@ -124,7 +98,7 @@ bool BouquetListModel::canDropMimeData(const QMimeData *data, Qt::DropAction act
     Q_UNUSED(row)
     Q_UNUSED(column)
     if (action == Qt::IgnoreAction || !data) return false;
-    if (DragData::rows(data, rowsMimeType, m_kind.rawValue())) return true;
+    if (droppedRows(data)) return true;
     // References are dropped onto a bouquet, not between two.
     return parent.isValid() && !DragData::references(data).isEmpty();
 }
@@ -133,9 +107,8 @@ bool BouquetListModel::dropMimeData(const QMimeData *data, Qt::DropAction action
                                     const QModelIndex &parent)
 {
     if (!canDropMimeData(data, action, row, column, parent)) return false;
-    if (const std::optional<QList<int>> rows = DragData::rows(data, rowsMimeType, m_kind.rawValue())) {
-        const int destination = parent.isValid() ? parent.row() : (row < 0 ? rowCount() : row);
-        m_store->moveBouquets(QSet<qsizetype>(rows->cbegin(), rows->cend()), destination);
+    if (const std::optional<QList<int>> rows = droppedRows(data)) {
+        m_store->moveBouquets(QSet<qsizetype>(rows->cbegin(), rows->cend()), dropRow(row, parent));
         return true;
     }
     m_store->insert(DragData::references(data), m_items.at(parent.row()).id);

@@ -1,10 +1,24 @@
 #include "DragData.h"
 
+#include <QAbstractItemModel>
 #include <QMimeData>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace DragData {
+
+QList<int> sortedRows(const QModelIndexList &indexes, const QAbstractItemModel *model)
+{
+    QList<int> rows;
+    for (const QModelIndex &index : indexes) {
+        if (index.isValid() && index.model() == model) rows << index.row();
+    }
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    return rows;
+}
 
 void setReferences(QMimeData *data, const QStringList &references)
 {

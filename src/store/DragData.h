@@ -6,11 +6,17 @@
 
 #include <optional>
 
+class QAbstractItemModel;
 class QMimeData;
+class QModelIndex;
+using QModelIndexList = QList<QModelIndex>;
 
 // What the views put on the drag pasteboard: service references as plain text, one per line, and
 // the rows of an internal move together with the list they belong to.
 namespace DragData {
+
+// The distinct rows of the model's indexes, ascending (a table drags one index per column).
+QList<int> sortedRows(const QModelIndexList &indexes, const QAbstractItemModel *model);
 
 void setReferences(QMimeData *data, const QStringList &references);
 // The non-empty lines of the plain text, without line-end characters.

@@ -26,7 +26,7 @@ QUuid shownBouquet(const Store &store)
 } // namespace
 
 EntryListModel::EntryListModel(Store *store, QObject *parent)
-    : IdListModel(parent)
+    : IdListModel(rowsMimeType, parent)
     , m_store(store)
     , m_kind(store->kind())
     , m_bouquetID(shownBouquet(*store))
@@ -114,50 +114,25 @@ QHash<int, QByteArray> EntryListModel::roleNames() const
     return names;
 }
 
-bool EntryListModel::moveRows(const QModelIndex &sourceParent, int sourceRow, int count,
-                              const QModelIndex &destinationParent, int destinationChild)
-{
-    if (sourceParent.isValid() || destinationParent.isValid() || count <= 0 || sourceRow < 0 ||
-        sourceRow + count > rowCount() || destinationChild < 0 || destinationChild > rowCount() ||
-        (destinationChild >= sourceRow && destinationChild <= sourceRow + count))
-        return false;
-    QSet<qsizetype> rows;
-    for (int row = sourceRow; row < sourceRow + count; ++row)
-        rows.insert(row);
-    m_store->moveEntries(rows, destinationChild);
-    return true;
-}
-
-Qt::DropActions EntryListModel::supportedDropActions() const
-{
-    return Qt::MoveAction | Qt::CopyAction;
-}
-
 Qt::DropActions EntryListModel::supportedDragActions() const
 {
     return Qt::MoveAction | Qt::CopyAction;
 }
 
-QStringList EntryListModel::mimeTypes() const
+void EntryListModel::moveItems(const QSet<qsizetype> &rows, qsizetype to)
 {
-    return {rowsMimeType, u"text/plain"_s};
+    m_store->moveEntries(rows, to);
 }
 
 QMimeData *EntryListModel::mimeData(const QModelIndexList &indexes) const
 {
     QList<int> rows;
-    for (const QModelIndex &index : indexes) {
-        if (index.isValid() && index.model() == this) rows << index.row();
-    }
-    std::sort(rows.begin(), rows.end());
-    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    QMimeData *data = rowsMimeData(indexes, rows);
     QStringList references;
     for (int row : std::as_const(rows))
         references << m_items.at(row).reference;
-    auto *data = new QMimeData;
     // Plain text as well, so that entries dropped on another bouquet are copied there.
     DragData::setReferences(data, references);
-    DragData::setRows(data, rowsMimeType, m_bouquetID.toString(), rows);
     return data;
 }
 
@@ -168,17 +143,15 @@ bool EntryListModel::canDropMimeData(const QMimeData *data, Qt::DropAction actio
     Q_UNUSED(column)
     Q_UNUSED(parent)
     if (action == Qt::IgnoreAction || !data || m_bouquetID.isNull()) return false;
-    return DragData::rows(data, rowsMimeType, m_bouquetID.toString()) ||
-           !DragData::references(data).isEmpty();
+    return droppedRows(data) || !DragData::references(data).isEmpty();
 }
 
 bool EntryListModel::dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
                                   const QModelIndex &parent)
 {
     if (!canDropMimeData(data, action, row, column, parent)) return false;
-    // Dropped onto an entry: in front of it; onto empty space: at the end.
-    const int destination = parent.isValid() ? parent.row() : (row < 0 ? rowCount() : row);
-    if (const std::optional<QList<int>> rows = DragData::rows(data, rowsMimeType, m_bouquetID.toString())) {
+    const int destination = dropRow(row, parent);
+    if (const std::optional<QList<int>> rows = droppedRows(data)) {
         m_store->moveEntries(QSet<qsizetype>(rows->cbegin(), rows->cend()), destination);
         return true;
     }

@@ -29,16 +29,16 @@ public:
     Qt::ItemFlags flags(const QModelIndex &index) const override;
     QHash<int, QByteArray> roleNames() const override;
 
-    bool moveRows(const QModelIndex &sourceParent, int sourceRow, int count,
-                  const QModelIndex &destinationParent, int destinationChild) override;
-    Qt::DropActions supportedDropActions() const override;
     Qt::DropActions supportedDragActions() const override;
-    QStringList mimeTypes() const override;
     QMimeData *mimeData(const QModelIndexList &indexes) const override;
     bool canDropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
                          const QModelIndex &parent) const override;
     bool dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
                       const QModelIndex &parent) override;
+
+protected:
+    void moveItems(const QSet<qsizetype> &rows, qsizetype to) override;
+    QString rowsOwner() const override { return m_bouquetID.toString(); }
 
 private:
     void follow();

@@ -140,14 +140,8 @@ QStringList ServiceTableModel::mimeTypes() const
 
 QMimeData *ServiceTableModel::mimeData(const QModelIndexList &indexes) const
 {
-    QList<int> rows;
-    for (const QModelIndex &index : indexes) {
-        if (index.isValid() && index.model() == this) rows << index.row();
-    }
-    std::sort(rows.begin(), rows.end());
-    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
     QStringList references;
-    for (int row : std::as_const(rows))
+    for (int row : DragData::sortedRows(indexes, this))
         references << reference(m_services.at(row));
     auto *data = new QMimeData;
     DragData::setReferences(data, references);
