@@ -47,6 +47,8 @@ public:
     QString fileURL(const QString &directory, const QString &file) const;
     QString configuration(const QStringList &lines) const;
     static QString escaped(const QString &value);
+    // The lines that let one run move several files over a few connections at once.
+    static QStringList manyFileLines(qsizetype count);
     static QString line(const QString &key, const QString &value);
     static QString action(const QStringList &lines);
     static QString target(const QStringList &lines);
