@@ -3,12 +3,16 @@
 #include "Store.h"
 #include "TestSupport.h"
 
+#include <QCollator>
 #include <QLocale>
+#include <QRandomGenerator>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <algorithm>
 #include <memory>
+#include <numeric>
 
 using namespace Qt::StringLiterals;
 using ListFixture::key;
@@ -41,6 +45,7 @@ private slots:
     void sortSelectedByName();
     void nameOrder_data();
     void nameOrder();
+    void nameOrderOfManyNames();
     void createBouquet();
     void renameAndDeleteBouquets();
     void renameService_data();
@@ -438,6 +443,27 @@ void StoreEditingTest::nameOrder()
         sorted << names.at(i);
     QLocale::setDefault(previous);
     QCOMPARE(sorted, expected);
+}
+
+void StoreEditingTest::nameOrderOfManyNames()
+{
+    // Enough names for the two-halves path, with repeats and case variants across both halves.
+    const QStringList stems{u"ZDF"_s,  u"zdf"_s, u"Österreich"_s, u"arte"_s,
+                            u"Arte"_s, u"BBC"_s, u""_s,           u"Ä"_s};
+    QStringList names;
+    QRandomGenerator random(11);
+    for (int i = 0; i < 30000; ++i)
+        names << stems.at(random.bounded(int(stems.size()))) + u' ' + QString::number(random.bounded(40));
+    const QList<qsizetype> order = NameOrder::sorted(names.size(), [&](qsizetype i) { return names.at(i); });
+
+    QList<qsizetype> expected(names.size());
+    std::iota(expected.begin(), expected.end(), qsizetype(0));
+    QCollator collator;
+    collator.setCaseSensitivity(Qt::CaseInsensitive);
+    std::stable_sort(expected.begin(), expected.end(), [&](qsizetype a, qsizetype b) {
+        return collator.compare(names.at(a), names.at(b)) < 0;
+    });
+    QCOMPARE(order, expected);
 }
 
 void StoreEditingTest::createBouquet()
