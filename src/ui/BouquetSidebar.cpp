@@ -4,6 +4,51 @@
 #include "Store.h"
 
 #include <QDropEvent>
+#include <QPainter>
+#include <QStyledItemDelegate>
+
+namespace {
+
+// A bouquet's name with its number of entries at the right, in rows with some air.
+class BouquetDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        const QSize size = QStyledItemDelegate::sizeHint(option, index);
+        return QSize(size.width(), size.height() + 10);
+    }
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        QStyleOptionViewItem item = option;
+        initStyleOption(&item, index);
+        const QString name = item.text;
+        item.text.clear();
+        const QWidget *widget = option.widget;
+        widget->style()->drawControl(QStyle::CE_ItemViewItem, &item, painter, widget);
+
+        const bool selected = option.state & QStyle::State_Selected;
+        const QPalette::ColorGroup group = option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
+        const QColor text = option.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text);
+        const QColor dim = selected ? text : option.palette.color(group, QPalette::PlaceholderText);
+        const QRect row = option.rect.adjusted(8, 0, -8, 0);
+        const QString count = QString::number(index.data(BouquetListModel::EntryCountRole).toInt());
+        const int countWidth = option.fontMetrics.horizontalAdvance(count);
+        painter->save();
+        painter->setPen(dim);
+        painter->drawText(row, Qt::AlignVCenter | Qt::AlignRight, count);
+        painter->setPen(text);
+        const QRect nameRect = row.adjusted(0, 0, -countWidth - 8, 0);
+        painter->drawText(nameRect, Qt::AlignVCenter | Qt::AlignLeft,
+                          option.fontMetrics.elidedText(name, Qt::ElideRight, nameRect.width()));
+        painter->restore();
+    }
+};
+
+} // namespace
 
 BouquetSidebar::BouquetSidebar(Store &store, QWidget *parent)
     : QListView(parent)
@@ -13,6 +58,7 @@ BouquetSidebar::BouquetSidebar(Store &store, QWidget *parent)
     // Before the view's own handler, which runs in connection order.
     connect(m_model, &QAbstractItemModel::rowsAboutToBeRemoved, this, [this] { m_removing = true; });
     setModel(m_model);
+    setItemDelegate(new BouquetDelegate(this));
     setUniformItemSizes(true);
     setSelectionMode(SingleSelection);
     setEditTriggers(EditKeyPressed);

@@ -47,17 +47,26 @@ double widestText(const QList<QString> &texts, const QFont &font)
     const QFontMetricsF metrics(font);
     // Shaping 100,000 names one by one is slow. The sum of the characters' own advances comes
     // within a few percent of the shaped width, so only texts near the widest estimate are shaped.
-    QHash<char16_t, double> advances;
+    std::vector<double> common(0x800, -1);
+    QHash<char16_t, double> rare;
+    const auto advance = [&](QChar c) {
+        if (c.unicode() < common.size()) {
+            double &known = common[c.unicode()];
+            if (known < 0)
+                known = metrics.horizontalAdvance(c);
+            return known;
+        }
+        auto it = rare.find(c.unicode());
+        if (it == rare.end())
+            it = rare.insert(c.unicode(), metrics.horizontalAdvance(c));
+        return *it;
+    };
     std::vector<std::pair<double, qsizetype>> estimates;
     estimates.reserve(size_t(texts.size()));
     for (qsizetype i = 0; i < texts.size(); ++i) {
         double estimate = 0;
-        for (QChar c : texts.at(i)) {
-            auto it = advances.find(c.unicode());
-            if (it == advances.end())
-                it = advances.insert(c.unicode(), metrics.horizontalAdvance(c));
-            estimate += *it;
-        }
+        for (QChar c : texts.at(i))
+            estimate += advance(c);
         estimates.emplace_back(estimate, i);
     }
     std::sort(estimates.begin(), estimates.end(), [](const auto &a, const auto &b) { return a.first > b.first; });
@@ -71,23 +80,34 @@ double widestText(const QList<QString> &texts, const QFont &font)
     return widest;
 }
 
-ColumnWidths fitted(const QList<Service> &services, const UsageCounts &usage, const QStringList &titles,
-                    const QFont &cellFont, const QFont &titleFont)
+ColumnWidths fitted(const QList<Service> &services, MediaKind kind, const UsageCounts &usage,
+                    const QStringList &titles, const QFont &cellFont, const QFont &titleFont, double nameExtra)
 {
-    QList<QSet<QString>> distinct(4);
+    // Names are nearly all distinct; the other columns repeat a few texts.
+    QList<QString> names;
+    QSet<QString> providers;
+    QSet<QString> positions;
+    QSet<int> uses;
     for (const Service &service : services) {
-        distinct[0].insert(service.name);
-        distinct[1].insert(service.provider);
-        distinct[2].insert(service.position);
-        distinct[3].insert(QString::number(usage.value(service.key)));
+        if (service.kind() != kind)
+            continue;
+        names << service.name;
+        providers.insert(service.provider);
+        positions.insert(service.position);
+        uses.insert(usage.value(service.key));
     }
-    const QStringList names = identifiers();
+    QList<QString> useTexts;
+    for (int count : std::as_const(uses))
+        useTexts << QString::number(count);
+    const QList<QList<QString>> columns{names, QList<QString>(providers.cbegin(), providers.cend()),
+                                        QList<QString>(positions.cbegin(), positions.cend()), useTexts};
+    const QStringList keys = identifiers();
     const QFontMetricsF titleMetrics(titleFont);
     ColumnWidths widths;
-    for (qsizetype column = 0; column < names.size(); ++column) {
-        const QList<QString> texts(distinct.at(column).cbegin(), distinct.at(column).cend());
+    for (qsizetype column = 0; column < keys.size(); ++column) {
         const double title = titleMetrics.horizontalAdvance(titles.value(column));
-        widths.insert(names.at(column), fittedWidth(std::max(title, widestText(texts, cellFont))));
+        const double extra = column == 0 && !names.isEmpty() ? nameExtra : 0;
+        widths.insert(keys.at(column), fittedWidth(std::max(title, widestText(columns.at(column), cellFont) + extra)));
     }
     return widths;
 }

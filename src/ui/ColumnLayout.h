@@ -22,10 +22,11 @@ QStringList identifiers();
 double fittedWidth(double widest);
 // The width of the widest text in this font.
 double widestText(const QList<QString> &texts, const QFont &font);
-// The fitted widths of the four columns for these services (of one kind): each title in
-// `titleFont`, every distinct cell text in `cellFont`, usage counts as decimal numbers.
-ColumnWidths fitted(const QList<Service> &services, const UsageCounts &usage, const QStringList &titles,
-                    const QFont &cellFont, const QFont &titleFont);
+// The fitted widths of the four columns for the services of one kind: each title in `titleFont`,
+// every cell text in `cellFont`, usage counts as decimal numbers. The names are measured
+// `nameExtra` wider, for the picon beside them.
+ColumnWidths fitted(const QList<Service> &services, MediaKind kind, const UsageCounts &usage,
+                    const QStringList &titles, const QFont &cellFont, const QFont &titleFont, double nameExtra = 0);
 
 // The saved widths of the kind, only when all four identifiers are there.
 std::optional<ColumnWidths> saved(MediaKind kind);

@@ -54,8 +54,12 @@ QString helpText(QString text, const QKeySequence &shortcut)
 MainWindow::MainWindow(AppContext &context, QWidget *parent)
     : QMainWindow(parent)
     , m_context(context)
-    , m_picons(std::make_unique<PiconPixmaps>(
-          [&picons = context.picons()](const QString &reference) { return picons.picon(reference); }))
+    , m_picons(std::make_unique<PiconPixmaps>([&context](const QString &reference) {
+        // The box's picons first; a list folder may bring its own.
+        if (std::optional<QImage> image = context.picons().picon(reference))
+            return image;
+        return PiconPixmaps::fromListFolder(context.store().folder(), reference);
+    }))
     , m_sidebar(new BouquetSidebar(context.store(), this))
     , m_entries(new EntryListView(context.store(), *m_picons, this))
     , m_browser(new ServiceBrowser(context.store(), *m_picons, this))
@@ -101,6 +105,7 @@ MainWindow::MainWindow(AppContext &context, QWidget *parent)
     connect(&store, &Store::isDirtyChanged, this, &MainWindow::updateTitle);
     connect(&store, &Store::folderLoaded, this, &MainWindow::updateTitle);
     connect(&store, &Store::folderLoaded, this, &MainWindow::updateActions);
+    connect(&store, &Store::folderLoaded, this, [this] { m_picons->clear(); });
     connect(&store, &Store::canUndoChanged, this, &MainWindow::updateActions);
     connect(&store, &Store::canRedoChanged, this, &MainWindow::updateActions);
     connect(&store, &Store::recentFoldersChanged, this, &MainWindow::buildRecentMenu);
@@ -118,14 +123,6 @@ MainWindow::MainWindow(AppContext &context, QWidget *parent)
     });
     connect(m_sidebar, &QWidget::customContextMenuRequested, this, &MainWindow::showSidebarMenu);
     connect(m_entries, &QWidget::customContextMenuRequested, this, &MainWindow::showEntryMenu);
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
-        for (QWidget *widget = now; widget; widget = widget->parentWidget()) {
-            if (widget == m_sidebar || widget == m_entries || widget == m_browser->table()) {
-                m_activeList = widget;
-                return;
-            }
-        }
-    });
 
     buildRecentMenu();
     buildBackupMenu();
@@ -199,7 +196,7 @@ void MainWindow::buildMenus()
     for (MediaKind kind : MediaKind::allCases()) {
         QAction *action = addCommand(view, kind.rawValue(), kind.title(),
                                      QKeySequence(kind == MediaKind::tv ? u"Ctrl+1"_s : u"Ctrl+2"_s),
-                                     [&store = store, kind] { store.setKind(kind); });
+                                     [this, kind] { switchKind(kind); });
         action->setCheckable(true);
         action->setChecked(store.kind() == kind);
         m_kinds->addAction(action);
@@ -471,6 +468,15 @@ void MainWindow::saveAs(const QString &folder)
     }
 }
 
+void MainWindow::switchKind(MediaKind kind)
+{
+    Store &store = m_context.store();
+    store.setKind(kind);
+    // The bouquet shown belongs to the other kind: show the first of this one.
+    if (!store.selectedBouquet() && !store.currentBouquets().isEmpty())
+        store.setSelectedBouquetID(store.currentBouquets().first().id);
+}
+
 void MainWindow::newBouquet()
 {
     Store &store = m_context.store();
@@ -490,12 +496,23 @@ void MainWindow::addMarker()
                     });
 }
 
+QWidget *MainWindow::focusedList() const
+{
+    // The window's focus widget also while a menu or a closing dialog holds the keyboard.
+    for (QWidget *widget = focusWidget(); widget; widget = widget->parentWidget()) {
+        if (widget == m_sidebar || widget == m_entries || widget == m_browser->table())
+            return widget;
+    }
+    return m_entries;
+}
+
 void MainWindow::renameFocused()
 {
     Store &store = m_context.store();
-    if (m_activeList == m_sidebar) {
+    QWidget *list = focusedList();
+    if (list == m_sidebar) {
         m_sidebar->rename(store.selectedBouquetID());
-    } else if (m_activeList == m_browser->table()) {
+    } else if (list == m_browser->table()) {
         const ServiceKeys &selection = store.serviceSelection();
         if (selection.size() == 1 && store.serviceIndex().contains(*selection.cbegin()))
             store.setServiceRenameRequest(store.serviceIndex().value(*selection.cbegin()));
@@ -507,9 +524,10 @@ void MainWindow::renameFocused()
 void MainWindow::deleteFocused()
 {
     Store &store = m_context.store();
-    if (m_activeList == m_sidebar) {
+    QWidget *list = focusedList();
+    if (list == m_sidebar) {
         confirmDeleteBouquet();
-    } else if (m_activeList == m_browser->table()) {
+    } else if (list == m_browser->table()) {
         if (!store.serviceSelection().isEmpty())
             store.setServiceDeleteRequest(store.serviceSelection());
     } else {

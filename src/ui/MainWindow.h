@@ -1,5 +1,7 @@
 #pragma once
 
+#include "MediaKind.h"
+
 #include <QList>
 #include <QMainWindow>
 #include <QPointer>
@@ -81,8 +83,11 @@ private:
     void openFolder(const QString &folder);
     void saveAsDialog();
     void saveAs(const QString &folder);
+    void switchKind(MediaKind kind);
     void newBouquet();
     void addMarker();
+    // The list that has (or last had) the keyboard focus: rename and delete act on it.
+    QWidget *focusedList() const;
     void renameFocused();
     void deleteFocused();
     void renameEntry();
@@ -104,8 +109,6 @@ private:
     QActionGroup *m_kinds = nullptr;
     // Commands that start an operation: disabled while one runs.
     QList<QAction *> m_operations;
-    // The list that had the focus last: rename and delete act on it.
-    QPointer<QWidget> m_activeList;
     QPointer<QMessageBox> m_alert;
     QPointer<PiconUploadSheet> m_uploadSheet;
     QString m_initialFolder;

@@ -1,5 +1,8 @@
 #include "PiconPixmaps.h"
 
+#include "Picon.h"
+
+#include <QFileInfo>
 #include <QGuiApplication>
 
 PiconPixmaps::PiconPixmaps(ImageSource source, QSize size)
@@ -30,4 +33,19 @@ QPixmap PiconPixmaps::pixmap(const QString &reference)
 void PiconPixmaps::clear()
 {
     m_cache.clear();
+}
+
+std::optional<QImage> PiconPixmaps::fromListFolder(const QString &folder, const QString &reference)
+{
+    if (folder.isEmpty())
+        return std::nullopt;
+    for (const QString &name : Picon::fileNames(reference)) {
+        const QString path = folder + QStringLiteral("/picons/") + name;
+        if (QFileInfo(path).isFile()) {
+            QImage image(path);
+            if (!image.isNull())
+                return image;
+        }
+    }
+    return std::nullopt;
 }

@@ -24,6 +24,9 @@ public:
     // Forgets every pixmap, after the picon index changed.
     void clear();
 
+    // A picon lying in the "picons" sub-folder of a list folder (as beside the example list).
+    static std::optional<QImage> fromListFolder(const QString &folder, const QString &reference);
+
 private:
     ImageSource m_source;
     QSize m_size;

@@ -54,20 +54,31 @@ bool positionBefore(const QString &a, const QString &b)
 ServiceBrowser::ServiceBrowser(Store &store, PiconPixmaps &picons, QWidget *parent)
     : QWidget(parent)
     , m_store(store)
-    , m_source(new ServiceTableModel(&store, this))
+    , m_source(nullptr)
     , m_filter(new ServiceFilterModel(this))
     , m_search(new QLineEdit(this))
     , m_position(new QComboBox(this))
     , m_unused(new QCheckBox(tr("Nur unbenutzte"), this))
     , m_table(new QTableView(this))
 {
+    // Counted before the table model reloads on the same signals.
+    connect(&store, &Store::servicesChanged, this, [this] { ++m_textsVersion; });
+    connect(&store, &Store::usageChanged, this, [this] { ++m_textsVersion; });
+    m_source = new ServiceTableModel(&store, this);
+
     m_search->setPlaceholderText(tr("Sender oder Anbieter suchen"));
     m_search->setClearButtonEnabled(true);
     m_position->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     m_position->setToolTip(tr("Position"));
 
     m_filter->setSourceModel(m_source);
-    m_filter->setPiconSource([&picons](const QString &reference) { return picons.pixmap(reference); });
+    // Names without a picon line up with the others.
+    QPixmap blank(picons.size());
+    blank.fill(Qt::transparent);
+    m_filter->setPiconSource([&picons, blank](const QString &reference) {
+        const QPixmap picon = picons.pixmap(reference);
+        return picon.isNull() ? blank : picon;
+    });
     m_table->setModel(m_filter);
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->setSelectionMode(QAbstractItemView::ExtendedSelection);
@@ -218,18 +229,22 @@ void ServiceBrowser::refreshPositions()
 
 void ServiceBrowser::fitColumns()
 {
-    QList<Service> services;
-    services.reserve(m_source->rowCount());
-    for (int row = 0; row < m_source->rowCount(); ++row)
-        services << m_source->serviceAt(row);
-    QStringList titles;
-    for (int column = 0; column < ServiceTableModel::ColumnCount; ++column)
-        titles << m_source->headerData(column, Qt::Horizontal).toString();
-    // Header titles are measured a little heavier than the cells.
-    QFont titleFont = m_table->horizontalHeader()->font();
-    titleFont.setBold(true);
-    m_store.setFittedWidths(m_store.kind(),
-                            ColumnLayout::fitted(services, m_store.usage(), titles, m_table->font(), titleFont));
+    const MediaKind kind = m_store.kind();
+    // Switching back to a kind whose texts did not change keeps its widths.
+    if (!m_fittedAt.contains(kind) || m_fittedAt.value(kind) != m_textsVersion
+        || !m_store.fittedWidths().contains(kind)) {
+        QStringList titles;
+        for (int column = 0; column < ServiceTableModel::ColumnCount; ++column)
+            titles << m_source->headerData(column, Qt::Horizontal).toString();
+        // Header titles are measured a little heavier than the cells.
+        QFont titleFont = m_table->horizontalHeader()->font();
+        titleFont.setBold(true);
+        // The picon shares the name's cell.
+        const double piconWidth = m_table->iconSize().width() + 6;
+        m_store.setFittedWidths(kind, ColumnLayout::fitted(m_store.services(), kind, m_store.usage(), titles,
+                                                           m_table->font(), titleFont, piconWidth));
+        m_fittedAt.insert(kind, m_textsVersion);
+    }
     applyColumnWidths();
 }
 
@@ -325,7 +340,7 @@ void ServiceBrowser::followDeleteRequest()
     if (!keys)
         return;
     const QString details = tr("Einträge in Bouquets werden dabei mit entfernt.") + u'\n'
-        + tr("%1 Sender, %2 Einträge in Bouquets.").arg(keys->size()).arg(m_store.bouquetUses(*keys));
+        + tr("Sender: %1 · Einträge in Bouquets: %2").arg(keys->size()).arg(m_store.bouquetUses(*keys));
     QMessageBox *box = Sheets::confirm(window(), tr("Sender aus der lamedb löschen?"), details,
                                        tr("Löschen"), [this, keys = *keys] { m_store.deleteServices(keys); });
     connect(box, &QDialog::finished, this, [this] { m_store.setServiceDeleteRequest(std::nullopt); });

@@ -66,4 +66,8 @@ private:
     ServiceKeys m_selection;
     bool m_restoring = false;
     bool m_applyingWidths = false;
+    // Counts changes of the services and their usage; each kind's fitted widths remember the
+    // count they were measured at, so that switching kinds back and forth measures nothing twice.
+    quint64 m_textsVersion = 0;
+    QHash<MediaKind, quint64> m_fittedAt;
 };

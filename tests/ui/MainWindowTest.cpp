@@ -457,10 +457,14 @@ void MainWindowTest::switchKind()
     QCOMPARE(sidebar()->model()->rowCount(), store().bouquets().value(MediaKind::radio).size());
     QVERIFY(window().serviceBrowser()->filterModel()->rowCount() > 0);
     QVERIFY(kinds(MediaKind::radio));
+    // The first radio bouquet is shown.
+    QCOMPARE(store().selectedBouquetID(), store().bouquets().value(MediaKind::radio).first().id);
+    QCOMPARE(entries()->model()->rowCount(), store().bouquets().value(MediaKind::radio).first().entries.size());
     QTest::keySequence(&window(), QKeySequence(u"Ctrl+1"_s));
     QCOMPARE(store().kind(), MediaKind::tv);
     QVERIFY(window().command(u"tv"_s)->isChecked());
     QVERIFY(kinds(MediaKind::tv));
+    QCOMPARE(store().selectedBouquetID(), store().currentBouquets().first().id);
 }
 
 void MainWindowTest::busyDisablesOperations()

@@ -95,6 +95,10 @@ void render(const QString &appearance)
     MainWindow &window = fixture.window();
     installPicons(fixture.context());
     window.resize(1360, 820);
+    // Commands follow the keyboard focus, which only an active window has.
+    window.activateWindow();
+    if (!QTest::qWaitForWindowActive(&window))
+        QTextStream(stderr) << "the window did not become active\n";
     showRichBouquet(fixture);
     window.entryList()->setFocus();
     save(&window, u"main-"_s + appearance);
@@ -111,11 +115,11 @@ void render(const QString &appearance)
     // The radio list with the sidebar on the right.
     QSettings(u"Corvandel"_s, u"Corvandel"_s).setValue(u"bouquetsRight"_s, true);
     window.applyPreferences();
-    fixture.store().setKind(MediaKind::radio);
+    window.command(u"radio"_s)->trigger();
     save(&window, u"radio-sidebar-right"_s);
     QSettings(u"Corvandel"_s, u"Corvandel"_s).remove(u"bouquetsRight"_s);
     window.applyPreferences();
-    fixture.store().setKind(MediaKind::tv);
+    window.command(u"tv"_s)->trigger();
 
     // An empty bouquet shows how to fill it.
     fixture.store().createBouquet(u"Neues Bouquet"_s);

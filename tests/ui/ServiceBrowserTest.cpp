@@ -352,7 +352,7 @@ void ServiceBrowserTest::deleteWithConfirmation()
         QVERIFY(box);
         QCOMPARE(box->text(), u"Sender aus der lamedb löschen?"_s);
         QVERIFY(box->informativeText().contains(u"Einträge in Bouquets werden dabei mit entfernt."_s));
-        QVERIFY(box->informativeText().contains(u"%1 Einträge in Bouquets"_s.arg(uses)));
+        QVERIFY(box->informativeText().contains(u"Einträge in Bouquets: %1"_s.arg(uses)));
         QAbstractButton *button = nullptr;
         for (QAbstractButton *candidate : box->buttons()) {
             if (candidate->text() == (confirm ? u"Löschen"_s : u"Abbrechen"_s))
@@ -398,12 +398,14 @@ void ServiceBrowserTest::fittedColumnsMatchMeasuredTexts()
     for (MediaKind kind : MediaKind::allCases()) {
         store().setKind(kind);
         const QList<Service> services = expected({}, {}, false);
+        // Names share their cell with the picon.
+        const double picon = browser()->table()->iconSize().width() + 6;
         double name = titles.horizontalAdvance(u"Name"_s);
         double provider = titles.horizontalAdvance(u"Anbieter"_s);
         double position = titles.horizontalAdvance(u"Position"_s);
         double usage = titles.horizontalAdvance(u"In Bouquets"_s);
         for (const Service &service : services) {
-            name = std::max(name, cells.horizontalAdvance(service.name));
+            name = std::max(name, cells.horizontalAdvance(service.name) + picon);
             provider = std::max(provider, cells.horizontalAdvance(service.provider));
             position = std::max(position, cells.horizontalAdvance(service.position));
             usage = std::max(usage, cells.horizontalAdvance(QString::number(store().usage().value(service.key))));
