@@ -65,6 +65,8 @@ private slots:
     void quitAsksFirst_data();
     void quitAsksFirst();
     void saveAs();
+    void openFolderThroughDialog();
+    void restoresLastListWhenShown();
     void sidebarSide();
     void repairConfirmation();
     void commandsAndShortcuts();
@@ -590,6 +592,60 @@ void MainWindowTest::saveAs()
     dialog->reject();
     QVERIFY(store().errorMessage());
     QVERIFY(UiFixture::dialog<QMessageBox>());
+}
+
+void MainWindowTest::openFolderThroughDialog()
+{
+    QTemporaryDir other;
+    UiFixture::copyExamples(other.path());
+    QFile::remove(other.filePath(u"bouquets.radio"_s));
+    // With changes, the user is asked first; cancelled, nothing is opened.
+    store().createBouquet(u"Ungesichert"_s);
+    for (const bool discard : {false, true}) {
+        window().command(u"openFolder"_s)->trigger();
+        auto *dialog = UiFixture::dialog<QFileDialog>();
+        QVERIFY(dialog);
+        QCOMPARE(dialog->fileMode(), QFileDialog::Directory);
+        emit dialog->fileSelected(other.path());
+        dialog->reject();
+        auto *question = UiFixture::dialog<QMessageBox>();
+        QVERIFY(question);
+        QCOMPARE(question->text(), u"Änderungen verwerfen?"_s);
+        button(question, discard ? u"Verwerfen"_s : u"Abbrechen"_s)->click();
+        QTRY_VERIFY(!QApplication::activeModalWidget());
+        QCOMPARE(store().folder() == QDir(other.path()).canonicalPath(), discard);
+    }
+    QVERIFY(!store().isDirty());
+    QVERIFY(store().bouquets().value(MediaKind::radio).isEmpty());
+    QVERIFY(window().windowTitle().startsWith(store().label(other.path())));
+    QCOMPARE(sidebar()->model()->rowCount(), store().currentBouquets().size());
+}
+
+void MainWindowTest::restoresLastListWhenShown()
+{
+    m_window.reset();
+    QTemporaryDir last;
+    UiFixture::copyExamples(last.path());
+    QSettings settings(u"Corvandel"_s, u"Corvandel"_s);
+    for (const bool autoLoad : {false, true}) {
+        settings.setValue(u"recentFolders"_s, QStringList{last.path()});
+        settings.setValue(u"autoLoadLast"_s, autoLoad);
+        AppContext context;
+        MainWindow shown(context);
+        QVERIFY(context.store().services().isEmpty());
+        shown.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&shown));
+        if (!autoLoad) {
+            QTest::qWait(100);
+            QVERIFY(context.store().services().isEmpty());
+            QCOMPARE(shown.windowTitle(), u"Corvandel[*]"_s);
+            continue;
+        }
+        QTRY_VERIFY(!context.store().services().isEmpty());
+        QVERIFY(context.store().status().startsWith(u"Zuletzt verwendete Liste geladen (%1). "_s.arg(
+            context.store().label(last.path()))));
+        QCOMPARE(shown.sidebar()->model()->rowCount(), context.store().currentBouquets().size());
+    }
 }
 
 void MainWindowTest::sidebarSide()

@@ -7,6 +7,8 @@ corvandel_add_test(ui_mainwindow SOURCES ${CMAKE_CURRENT_LIST_DIR}/MainWindowTes
     TIMEOUT 120)
 corvandel_add_test(ui_servicebrowser SOURCES ${CMAKE_CURRENT_LIST_DIR}/ServiceBrowserTest.cpp LIBS corvandel_uifixture
     GUI TIMEOUT 120)
+corvandel_add_test(ui_boxcommands SOURCES ${CMAKE_CURRENT_LIST_DIR}/BoxCommandsTest.cpp LIBS corvandel_uifixture
+    GUI TIMEOUT 120)
 corvandel_add_test(ui_spacezap SOURCES ${CMAKE_CURRENT_LIST_DIR}/SpaceZapTest.cpp LIBS corvandel_uifixture GUI
     TIMEOUT 120)
 
