@@ -49,6 +49,12 @@ QString helpText(QString text, const QKeySequence &shortcut)
     return text + u" ("_s + shortcut.toString(QKeySequence::NativeText) + u')';
 }
 
+// The desktop theme's icon where there is one, else the style's own.
+QIcon themed(const char *name, QStyle::StandardPixmap fallback, const QStyle *style)
+{
+    return QIcon::fromTheme(QLatin1String(name), style->standardIcon(fallback));
+}
+
 } // namespace
 
 MainWindow::MainWindow(AppContext &context, QWidget *parent)
@@ -177,17 +183,17 @@ void MainWindow::buildMenus()
 
     QMenu *edit = menuBar()->addMenu(tr("&Bearbeiten"));
     QAction *undo = addCommand(edit, u"undo"_s, tr("Rückgängig"), QKeySequence::Undo, [&store = store] { store.undo(); });
-    undo->setIcon(style()->standardIcon(QStyle::SP_ArrowBack));
+    undo->setIcon(themed("edit-undo", QStyle::SP_ArrowBack, style()));
     QAction *redo = addCommand(edit, u"redo"_s, tr("Wiederholen"), QKeySequence::Redo, [&store = store] { store.redo(); });
     redo->setShortcuts(QKeySequence::Redo);
-    redo->setIcon(style()->standardIcon(QStyle::SP_ArrowForward));
+    redo->setIcon(themed("edit-redo", QStyle::SP_ArrowForward, style()));
     edit->addSeparator();
     addCommand(edit, u"newBouquet"_s, tr("Neues Bouquet"), QKeySequence::New, [this] { newBouquet(); })
-        ->setIcon(style()->standardIcon(QStyle::SP_FileDialogNewFolder));
+        ->setIcon(themed("folder-new", QStyle::SP_FileDialogNewFolder, style()));
     addCommand(edit, u"addMarker"_s, tr("Markierung einfügen…"), QKeySequence(u"Ctrl+M"_s), [this] { addMarker(); });
     addCommand(edit, u"rename"_s, tr("Umbenennen…"), QKeySequence(Qt::Key_F2), [this] { renameFocused(); });
     addCommand(edit, u"delete"_s, tr("Löschen"), QKeySequence::Delete, [this] { deleteFocused(); })
-        ->setIcon(style()->standardIcon(QStyle::SP_TrashIcon));
+        ->setIcon(themed("edit-delete", QStyle::SP_TrashIcon, style()));
     addCommand(edit, u"sortByName"_s, tr("Nach Namen sortieren"), QKeySequence(),
                [&store = store] { store.sortSelectedByName(); });
 
@@ -216,7 +222,7 @@ void MainWindow::buildMenus()
                                [&boxSync = boxSync] { boxSync.uploadToBox(); });
     addCommand(box, u"zap"_s, tr("Box auf den Sender umschalten"), QKeySequence(u"Ctrl+Return"_s),
                [this] { m_context.zapper().zapFocused(); })
-        ->setIcon(style()->standardIcon(QStyle::SP_MediaPlay));
+        ->setIcon(themed("media-playback-start", QStyle::SP_MediaPlay, style()));
     m_operations << addCommand(box, u"testConnection"_s, tr("Verbindung testen"), QKeySequence(),
                                [&boxSync = boxSync] { boxSync.testConnection(); });
     box->addSeparator();
@@ -243,19 +249,19 @@ void MainWindow::buildMenus()
         addCommand(box, u"boxControl"_s, tr("Box-Steuerung…"), boxControlKeys, [this] { showBoxControl(); });
     boxControl->setToolTip(tr("Box-Steuerung: Signal, Neustart, eigene Befehle (%1)")
                                .arg(boxControlKeys.toString(QKeySequence::NativeText)));
-    boxControl->setIcon(style()->standardIcon(QStyle::SP_ComputerIcon));
+    boxControl->setIcon(themed("computer", QStyle::SP_ComputerIcon, style()));
     addCommand(box, u"log"_s, tr("Protokoll"), QKeySequence(u"Ctrl+L"_s), [this] { showLog(); })
-        ->setIcon(style()->standardIcon(QStyle::SP_FileDialogDetailedView));
+        ->setIcon(themed("text-x-generic", QStyle::SP_FileDialogDetailedView, style()));
 
     QMenu *help = menuBar()->addMenu(tr("&Hilfe"));
     addCommand(help, u"about"_s, tr("Über Corvandel"), QKeySequence(), [this] { showAbout(); })
         ->setMenuRole(QAction::AboutRole);
 
-    command(u"openFolder"_s)->setIcon(style()->standardIcon(QStyle::SP_DialogOpenButton));
-    command(u"save"_s)->setIcon(style()->standardIcon(QStyle::SP_DialogSaveButton));
-    command(u"download"_s)->setIcon(style()->standardIcon(QStyle::SP_ArrowDown));
-    command(u"upload"_s)->setIcon(style()->standardIcon(QStyle::SP_ArrowUp));
-    command(u"settings"_s)->setIcon(style()->standardIcon(QStyle::SP_FileDialogContentsView));
+    command(u"openFolder"_s)->setIcon(themed("document-open", QStyle::SP_DialogOpenButton, style()));
+    command(u"save"_s)->setIcon(themed("document-save", QStyle::SP_DialogSaveButton, style()));
+    command(u"download"_s)->setIcon(themed("go-down", QStyle::SP_ArrowDown, style()));
+    command(u"upload"_s)->setIcon(themed("go-up", QStyle::SP_ArrowUp, style()));
+    command(u"settings"_s)->setIcon(themed("preferences-system", QStyle::SP_FileDialogContentsView, style()));
 }
 
 void MainWindow::buildToolBar()

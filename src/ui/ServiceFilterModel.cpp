@@ -1,5 +1,6 @@
 #include "ServiceFilterModel.h"
 
+#include <QIcon>
 #include <QSet>
 
 ServiceFilterModel::ServiceFilterModel(QObject *parent)
@@ -229,7 +230,12 @@ QVariant ServiceFilterModel::data(const QModelIndex &index, int role) const
         if (!m_picons)
             return {};
         const QPixmap picon = m_picons(reference(serviceAt(index.row())));
-        return picon.isNull() ? QVariant() : QVariant(picon);
+        if (picon.isNull())
+            return {};
+        // A logo keeps its colours in a selected row.
+        QIcon icon(picon);
+        icon.addPixmap(picon, QIcon::Selected);
+        return icon;
     }
     return QAbstractProxyModel::data(index, role);
 }

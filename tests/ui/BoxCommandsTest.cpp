@@ -55,15 +55,7 @@ void BoxCommandsTest::init()
     QVERIFY2(m_box->isRunning(), qPrintable(m_box->errorString()));
     UiFixture::copyExamples(m_box->path(u"/etc/enigma2"_s));
     m_window = std::make_unique<UiFixture::Window>();
-    BoxSettings settings = store().settings();
-    const FakeBoxConnection connection = m_box->connection();
-    settings.host = connection.host;
-    settings.ftpPort = connection.ftpPort;
-    settings.httpPort = connection.httpPort;
-    settings.telnetPort = connection.telnetPort;
-    settings.user = connection.user;
-    settings.password = connection.password;
-    store().setSettings(settings);
+    UiFixture::pointAt(store(), *m_box);
 }
 
 void BoxCommandsTest::cleanup()

@@ -41,7 +41,6 @@ private:
     MainWindow &window() { return m_window->window(); }
     EntryListView *entries() { return window().entryList(); }
     QList<FakeBoxRequest> zaps() const;
-    void pointAt(const FakeBox &box);
     // Selects the rows of the selected bouquet that pass, and gives the entry list the focus.
     void selectEntries(const std::function<bool(const BouquetEntry &, int)> &wanted);
 
@@ -62,7 +61,7 @@ void SpaceZapTest::init()
     QVERIFY2(m_box->isRunning(), qPrintable(m_box->errorString()));
     m_window = std::make_unique<UiFixture::Window>();
     SpaceZap::install(m_window->context().zapper());
-    pointAt(*m_box);
+    UiFixture::pointAt(store(), *m_box);
     QVERIFY(QTest::qWaitForWindowExposed(&window()));
     window().activateWindow();
 }
@@ -71,19 +70,6 @@ void SpaceZapTest::cleanup()
 {
     m_window.reset();
     m_box.reset();
-}
-
-void SpaceZapTest::pointAt(const FakeBox &box)
-{
-    BoxSettings settings = store().settings();
-    const FakeBoxConnection connection = box.connection();
-    settings.host = connection.host;
-    settings.ftpPort = connection.ftpPort;
-    settings.httpPort = connection.httpPort;
-    settings.telnetPort = connection.telnetPort;
-    settings.user = connection.user;
-    settings.password = connection.password;
-    store().setSettings(settings);
 }
 
 QList<FakeBoxRequest> SpaceZapTest::zaps() const
@@ -223,7 +209,7 @@ void SpaceZapTest::failureLeavesStatus()
     options.httpStatus = 500;
     FakeBox broken(options);
     QVERIFY(broken.isRunning());
-    pointAt(broken);
+    UiFixture::pointAt(store(), broken);
     store().setStatus(u"Vorher."_s);
     QTableView *table = window().serviceBrowser()->table();
     QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, table->visualRect(table->model()->index(0, 0)).center());

@@ -1,5 +1,6 @@
 #include "UiFixture.h"
 
+#include "FakeBox.h"
 #include "TestSupport.h"
 
 #include <QAbstractItemView>
@@ -23,6 +24,19 @@ void copyExamples(const QString &folder)
         QFile::copy(path, target);
         QFile::setPermissions(target, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
     }
+}
+
+void pointAt(Store &store, const FakeBox &box)
+{
+    BoxSettings settings = store.settings();
+    const FakeBoxConnection connection = box.connection();
+    settings.host = connection.host;
+    settings.ftpPort = connection.ftpPort;
+    settings.httpPort = connection.httpPort;
+    settings.telnetPort = connection.telnetPort;
+    settings.user = connection.user;
+    settings.password = connection.password;
+    store.setSettings(settings);
 }
 
 Window::Window()

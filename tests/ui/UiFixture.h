@@ -11,6 +11,7 @@
 
 #include <memory>
 
+class FakeBox;
 class QAbstractItemView;
 class QMimeData;
 
@@ -20,6 +21,9 @@ namespace UiFixture {
 
 // The example list copied into `folder`, so that tests may save and damage it.
 void copyExamples(const QString &folder);
+
+// Points the store's connection settings at the receiver test double.
+void pointAt(Store &store, const FakeBox &box);
 
 // A main window over a fresh application context with a copy of the example list loaded.
 class Window
