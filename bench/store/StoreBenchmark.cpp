@@ -125,19 +125,6 @@ void BM_ReadListFolder(benchmark::State &state)
         benchmark::DoNotOptimize(ListFolder::read(folder()));
 }
 
-void BM_RecountUsage(benchmark::State &state)
-{
-    auto store = loadedStore();
-    for (auto _ : state) {
-        // A new list each time, so that no bouquet's keys are reused.
-        state.PauseTiming();
-        store->checkpoint();
-        store->undo();
-        state.ResumeTiming();
-        store->recountUsage();
-    }
-}
-
 void BM_TwoHundredEdits(benchmark::State &state)
 {
     for (auto _ : state) {
@@ -188,7 +175,6 @@ void BM_RebuildServices(benchmark::State &state)
 BENCHMARK(BM_ReadFolderBytes)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_OpenFolder)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(5);
 BENCHMARK(BM_ReadListFolder)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_RecountUsage)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_TwoHundredEdits)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_UndoAndRedo)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_RebuildServices)->Unit(benchmark::kMillisecond);

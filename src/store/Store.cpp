@@ -86,8 +86,13 @@ QString folderNameOf(const QString &host)
 } // namespace
 
 Store::Store(QObject *parent)
+    : Store(BoxSettings::load(), parent)
+{
+}
+
+Store::Store(const BoxSettings &settings, QObject *parent)
     : QObject(parent)
-    , m_settings(BoxSettings::load())
+    , m_settings(settings)
     , m_status(tr("Keine Senderliste geladen."))
     , m_columnLayoutID(QUuid::createUuid())
 {
@@ -381,26 +386,47 @@ void Store::rebuildServices()
 
 void Store::recountUsage()
 {
+    // Only bouquets whose entry lists changed since the last count are counted again: their old
+    // keys come off, their new keys go on. The cache holds a copy of each counted list, so the
+    // same storage means the same entries.
+    QHash<QUuid, KeyCache> stale = m_keyCache;
     QHash<QUuid, KeyCache> cache;
-    UsageCounts usage;
-    usage.reserve(m_usage.size());
+    cache.reserve(stale.size());
+    QList<QUuid> fresh;
     for (const QList<Bouquet> &list : std::as_const(m_bouquets)) {
         for (const Bouquet &bouquet : list) {
-            KeyCache entry;
-            const auto old = m_keyCache.constFind(bouquet.id);
-            // The cache holds a copy of the entry list, so equal storage means equal entries.
-            if (old != m_keyCache.cend() && old->entries.constData() == bouquet.entries.constData() &&
-                old->entries.size() == bouquet.entries.size()) {
-                entry = *old;
-            } else {
-                entry.entries = bouquet.entries;
-                for (const BouquetEntry &e : bouquet.entries) {
-                    if (const std::optional<ServiceKey> key = e.serviceKey()) entry.keys << *key;
-                }
+            if (cache.contains(bouquet.id)) {
+                // Two bouquets with one id cannot be told apart in the cache: count from scratch.
+                m_keyCache.clear();
+                m_usage.clear();
+                recountUsage();
+                return;
             }
-            for (const ServiceKey &key : std::as_const(entry.keys))
-                ++usage[key];
-            cache.insert(bouquet.id, entry);
+            const auto old = stale.constFind(bouquet.id);
+            if (old != stale.cend() && old->entries.constData() == bouquet.entries.constData() &&
+                old->entries.size() == bouquet.entries.size()) {
+                cache.insert(bouquet.id, *old);
+                stale.erase(old);
+            } else {
+                cache.insert(bouquet.id, KeyCache{bouquet.entries, {}});
+                fresh << bouquet.id;
+            }
+        }
+    }
+    UsageCounts usage = m_usage;
+    for (const KeyCache &gone : std::as_const(stale)) {
+        for (const ServiceKey &key : gone.keys) {
+            const auto it = usage.find(key);
+            if (it != usage.end() && --*it <= 0) usage.erase(it);
+        }
+    }
+    for (const QUuid &id : std::as_const(fresh)) {
+        KeyCache &entry = cache[id];
+        for (const BouquetEntry &e : std::as_const(entry.entries)) {
+            if (const std::optional<ServiceKey> key = e.serviceKey()) {
+                entry.keys << *key;
+                ++usage[*key];
+            }
         }
     }
     m_keyCache = cache;
@@ -598,6 +624,8 @@ void Store::load(const QString &from)
     setSelectedBouquetID(current.isEmpty() ? QUuid() : current.first().id);
     setDirty(false);
     resetUndo();
+    m_keyCache.clear();
+    m_usage.clear();
     recountUsage();
 
     QString status = tr("%1 Sender (%2), %3 TV- und %4 Radio-Bouquets geladen.")

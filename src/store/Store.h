@@ -71,6 +71,9 @@ public:
     static constexpr qsizetype undoLimit = 200;
 
     explicit Store(QObject *parent = nullptr);
+    // With given connection settings instead of the stored ones, so that the password store is
+    // not asked when the settings come from elsewhere.
+    explicit Store(const BoxSettings &settings, QObject *parent = nullptr);
     ~Store() override;
 
     // Published state.

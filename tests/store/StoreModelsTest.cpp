@@ -507,6 +507,16 @@ void StoreModelsTest::randomEditsKeepModelsInStep()
             break;
         }
         verifyMirrors(bouquets, entries, services);
+        // Usage is kept up to date bouquet by bouquet; it must equal a count from scratch.
+        UsageCounts counted;
+        for (const QList<Bouquet> &list : m_store->bouquets()) {
+            for (const Bouquet &bouquet : list) {
+                for (const BouquetEntry &entry : bouquet.entries) {
+                    if (const std::optional<ServiceKey> key = entry.serviceKey()) ++counted[*key];
+                }
+            }
+        }
+        QCOMPARE(m_store->usage(), counted);
         // The entry list is reset only when it shows another bouquet.
         if (entryResets.count() != resetsBefore)
             QVERIFY2(entries.bouquetID() != shownBefore || m_store->kind() != kindBefore,
