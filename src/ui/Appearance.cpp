@@ -9,8 +9,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace Appearance {
-
 namespace {
 
 // What the platform gave before any palette was forced, to return to on "auto".
@@ -26,14 +24,16 @@ Platform &platform()
     return original;
 }
 
-} // namespace
-
-QString preferred()
+QSettings preferences()
 {
-    return QSettings(u"Corvandel"_s, u"Corvandel"_s).value(u"appearance"_s, u"auto"_s).toString();
+    return QSettings(u"Corvandel"_s, u"Corvandel"_s);
 }
 
-QPalette lightPalette()
+const QString key = u"appearance"_s;
+
+} // namespace
+
+QPalette Appearance::lightPalette()
 {
     const std::unique_ptr<QStyle> fusion(QStyleFactory::create(u"Fusion"_s));
     QPalette palette = fusion->standardPalette();
@@ -41,7 +41,7 @@ QPalette lightPalette()
     return palette;
 }
 
-QPalette darkPalette()
+QPalette Appearance::darkPalette()
 {
     QPalette palette;
     const QColor window(0x2b, 0x2b, 0x2e);
@@ -72,16 +72,69 @@ QPalette darkPalette()
     return palette;
 }
 
-void apply(const QString &rawValue)
+QString Appearance::rawValue() const
 {
-    const Platform &original = platform();
-    if (rawValue == u"light" || rawValue == u"dark") {
-        QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
-        QApplication::setPalette(rawValue == u"dark" ? darkPalette() : lightPalette());
-        return;
+    switch (m_value) {
+    case light:
+        return u"light"_s;
+    case dark:
+        return u"dark"_s;
+    case automatic:
+        break;
     }
-    QApplication::setStyle(QStyleFactory::create(original.style));
-    QApplication::setPalette(original.palette);
+    return u"auto"_s;
 }
 
-} // namespace Appearance
+QString Appearance::title() const
+{
+    switch (m_value) {
+    case light:
+        return QCoreApplication::translate("Appearance", "Hell");
+    case dark:
+        return QCoreApplication::translate("Appearance", "Dunkel");
+    case automatic:
+        break;
+    }
+    return QCoreApplication::translate("Appearance", "Automatisch");
+}
+
+std::optional<Appearance> Appearance::fromRawValue(QStringView rawValue)
+{
+    for (Appearance appearance : allCases()) {
+        if (appearance.rawValue() == rawValue)
+            return appearance;
+    }
+    return std::nullopt;
+}
+
+void Appearance::apply(Appearance appearance)
+{
+    const Platform &original = platform();
+    if (appearance == automatic) {
+        QApplication::setStyle(QStyleFactory::create(original.style));
+        QApplication::setPalette(original.palette);
+        return;
+    }
+    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
+    QApplication::setPalette(appearance == dark ? darkPalette() : lightPalette());
+}
+
+void Appearance::apply(const QString &rawValue)
+{
+    apply(fromRawValue(rawValue).value_or(automatic));
+}
+
+Appearance Appearance::preferred()
+{
+    return fromRawValue(preferences().value(key).toString()).value_or(automatic);
+}
+
+void Appearance::store(Appearance appearance)
+{
+    preferences().setValue(key, appearance.rawValue());
+}
+
+void Appearance::applyStored()
+{
+    apply(preferred());
+}

@@ -135,6 +135,7 @@ void BouquetSidebar::followNewBouquetRequest()
     const QUuid request = m_store.newBouquetRequest();
     if (request.isNull())
         return;
+    // Answered once: the request is cleared before the editor opens.
     m_store.setNewBouquetRequest({});
     rename(request);
 }

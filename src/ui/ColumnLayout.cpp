@@ -114,6 +114,7 @@ ColumnWidths fitted(const QList<Service> &services, MediaKind kind, const UsageC
 
 std::optional<ColumnWidths> saved(MediaKind kind)
 {
+    // A map from an older version or edited by hand may lack a column or hold nonsense.
     const QVariantMap map = preferences().value(settingsKey(kind)).toMap();
     ColumnWidths widths;
     for (const QString &name : identifiers()) {

@@ -32,6 +32,7 @@ QSize EntryDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIn
 
 void EntryDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
+    // The style draws the row's background and selection; the content is drawn here.
     QStyleOptionViewItem panel = option;
     initStyleOption(&panel, index);
     panel.text.clear();

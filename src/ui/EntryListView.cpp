@@ -51,6 +51,7 @@ void EntryListView::selectionChanged(const QItemSelection &selected, const QItem
     QListView::selectionChanged(selected, deselected);
     if (m_syncing)
         return;
+    // A selection that came from the store is not written back to it.
     EntryIds ids;
     const QModelIndexList rows = selectionModel()->selectedRows();
     for (const QModelIndex &row : rows)

@@ -321,10 +321,12 @@ void MainWindow::buildBackupMenu()
 
 void MainWindow::updateActions()
 {
+    // While an operation runs no second one may start; editing and zapping go on.
     const Store &store = m_context.store();
     const bool idle = !store.busy().has_value();
     for (QAction *action : std::as_const(m_operations))
         action->setEnabled(idle);
+    // Saving and sending need a list to write.
     const bool listOpen = !store.folder().isEmpty();
     command(u"save"_s)->setEnabled(idle && listOpen);
     command(u"saveAs"_s)->setEnabled(idle && listOpen);
@@ -356,6 +358,7 @@ void MainWindow::showError()
     const std::optional<QString> &message = m_context.store().errorMessage();
     if (!message)
         return;
+    // A closed alert lingers until deleted; a new error then needs a new one.
     if (m_alert && m_alert->isVisible()) {
         m_alert->setText(*message);
         return;
@@ -380,6 +383,7 @@ void MainWindow::askRepair()
 
 void MainWindow::showUploadSheet()
 {
+    // The open sheet follows changes of the plan itself.
     if (!m_context.picons().piconUploadPlan() || m_uploadSheet)
         return;
     m_uploadSheet = new PiconUploadSheet(m_context.picons(), this);

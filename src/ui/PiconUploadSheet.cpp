@@ -88,6 +88,7 @@ void PiconUploadSheet::refresh()
     m_contents->setText(tr("%1 Picons, davon %2 passend zu Sendern der Liste")
                             .arg(plan->total())
                             .arg(plan->matchingCount()));
+    // Showing the plan must not change it.
     const QSignalBlocker blockAll(m_all);
     const QSignalBlocker blockMatching(m_matching);
     const QSignalBlocker blockOverwrite(m_overwrite);

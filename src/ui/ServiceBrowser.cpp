@@ -127,9 +127,10 @@ ServiceBrowser::ServiceBrowser(Store &store, PiconPixmaps &picons, QWidget *pare
     connect(m_table, &QWidget::customContextMenuRequested, this, &ServiceBrowser::showContextMenu);
     connect(columns, &QHeaderView::sectionResized, this, &ServiceBrowser::columnResized);
     connect(columns, &QWidget::customContextMenuRequested, this, [this](const QPoint &position) {
-        QMenu menu;
-        menu.addAction(tr("Spaltenbreiten zurücksetzen"), this, &ServiceBrowser::resetColumnWidths);
-        menu.exec(m_table->horizontalHeader()->mapToGlobal(position));
+        auto *menu = new QMenu(this);
+        menu->setAttribute(Qt::WA_DeleteOnClose);
+        menu->addAction(tr("Spaltenbreiten zurücksetzen"), this, &ServiceBrowser::resetColumnWidths);
+        menu->popup(m_table->horizontalHeader()->mapToGlobal(position));
     });
     connect(&store, &Store::satelliteNamesChanged, this, &ServiceBrowser::refreshPositions);
     connect(&store, &Store::serviceRenameRequestChanged, this, &ServiceBrowser::followRenameRequest);
@@ -211,6 +212,7 @@ void ServiceBrowser::rowsReplaced()
 
 void ServiceBrowser::refreshPositions()
 {
+    // The chosen position stays chosen while the new list still has it.
     const QString current = m_position->currentData().toString();
     QStringList labels = m_filter->positions();
     std::sort(labels.begin(), labels.end(), positionBefore);
@@ -264,6 +266,7 @@ void ServiceBrowser::applyColumnWidths()
 
 void ServiceBrowser::columnResized()
 {
+    // Only widths the user set are saved, never the fitted ones.
     if (m_applyingWidths)
         return;
     ColumnWidths widths;

@@ -104,6 +104,7 @@ const Service &ServiceFilterModel::serviceAt(int row) const
 
 bool ServiceFilterModel::accepts(int sourceRow) const
 {
+    // Cheapest test first; the kind is already the source's.
     const Service &service = m_source->serviceAt(sourceRow);
     if (!m_position.isEmpty() && service.position != m_position)
         return false;
@@ -135,6 +136,8 @@ void ServiceFilterModel::refilter(bool narrowing)
                 rows.push_back(row);
         }
     }
+    // One reset instead of row notifications: a keystroke may hide tens of thousands of scattered
+    // rows, and a view lays out a reset of fixed-height rows at once.
     beginResetModel();
     m_rows = std::move(rows);
     m_proxyRows.assign(size_t(count), -1);
