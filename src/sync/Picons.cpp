@@ -47,6 +47,7 @@ QCoro::Task<PiconPackage> openAside(QString url, QString workBase)
     done.on(thread.get(), &QThread::finished, 0);
     thread->start();
     co_await done.outcome();
+    // finished() comes just before the thread ends; this covers only that moment.
     thread->wait();
     if (failure)
         std::rethrow_exception(failure);
@@ -69,15 +70,6 @@ bool holdsPng(const QStringList &names)
 {
     return std::any_of(names.cbegin(), names.cend(),
                        [](const QString &name) { return name.endsWith(u".png", Qt::CaseInsensitive); });
-}
-
-QString withSlashes(QString directory)
-{
-    if (!directory.startsWith(u'/'))
-        directory.prepend(u'/');
-    if (!directory.endsWith(u'/'))
-        directory.append(u'/');
-    return directory;
 }
 
 QSet<QString> pngNames(const QString &folder)
@@ -140,9 +132,12 @@ const QStringList &Picons::defaultCandidates()
 QStringList Picons::piconCandidates() const
 {
     const QString own = m_store.settings().piconDirectory.trimmed();
-    if (!own.isEmpty())
-        return {withSlashes(own)};
-    return defaultCandidates();
+    if (own.isEmpty())
+        return defaultCandidates();
+    // Written with the slashes of the list folder.
+    BoxSettings normalized;
+    normalized.directory = own;
+    return {normalized.normalizedDirectory()};
 }
 
 QCoro::Task<PiconDirectory> Picons::findPiconDirectory(QStringList candidates, bool forUpload)
@@ -323,17 +318,19 @@ void Picons::setPiconUploadPlan(const std::optional<PiconUploadPlan> &plan)
 
 void Picons::setUploadAll(bool uploadAll)
 {
-    if (!m_plan || m_plan->uploadAll == uploadAll)
-        return;
-    m_plan->uploadAll = uploadAll;
-    emit piconUploadPlanChanged();
+    setChoice(&PiconUploadPlan::uploadAll, uploadAll);
 }
 
 void Picons::setOverwrite(bool overwrite)
 {
-    if (!m_plan || m_plan->overwrite == overwrite)
+    setChoice(&PiconUploadPlan::overwrite, overwrite);
+}
+
+void Picons::setChoice(bool PiconUploadPlan::*choice, bool value)
+{
+    if (!m_plan || (*m_plan).*choice == value)
         return;
-    m_plan->overwrite = overwrite;
+    (*m_plan).*choice = value;
     emit piconUploadPlanChanged();
 }
 

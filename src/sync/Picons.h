@@ -80,6 +80,7 @@ private:
     QCoro::Task<> fetch();
     QCoro::Task<> prepare(QString url);
     QCoro::Task<> upload();
+    void setChoice(bool PiconUploadPlan::*choice, bool value);
 
     Store &m_store;
     // The folder the index was read from; picon() loads its images from there.

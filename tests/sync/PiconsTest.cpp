@@ -2,6 +2,7 @@
 #include "PiconArchives.h"
 #include "Picons.h"
 #include "Store.h"
+#include "SyncFixture.h"
 #include "TestSupport.h"
 
 #include "Paths.h"
@@ -16,6 +17,8 @@
 
 using namespace Qt::StringLiterals;
 using namespace PiconArchives;
+using SyncFixture::BusyTrail;
+using SyncFixture::entries;
 
 namespace {
 
@@ -60,35 +63,16 @@ QStringList sorted(QStringList names)
     return names;
 }
 
-QStringList entries(const QString &folder)
+// The labels among the trail's that start with the prefix, in order.
+QStringList labelsStartingWith(const SyncFixture::BusyTrail &trail, const QString &prefix)
 {
-    return QDir(folder).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+    QStringList found;
+    for (const QString &label : trail.labels()) {
+        if (label.startsWith(prefix))
+            found << label;
+    }
+    return found;
 }
-
-// Every value the busy label took, in order.
-class BusyTrail
-{
-public:
-    explicit BusyTrail(Store &store)
-    {
-        QObject::connect(&store, &Store::busyChanged, &m_context,
-                         [this, &store] { m_labels << store.busy().value_or(u"-"_s); });
-    }
-    const QStringList &labels() const { return m_labels; }
-    QStringList matching(const QString &prefix) const
-    {
-        QStringList found;
-        for (const QString &label : m_labels) {
-            if (label.startsWith(prefix))
-                found << label;
-        }
-        return found;
-    }
-
-private:
-    QObject m_context;
-    QStringList m_labels;
-};
 
 // The outcome of a search for the picon folder: the folder, or the error it ended with.
 struct Search
@@ -183,12 +167,7 @@ void PiconsTest::startBox(const QList<TestService> &services)
     m_box = std::make_unique<FakeBox>();
     QVERIFY2(m_box->isRunning(), qPrintable(m_box->errorString()));
     m_store = std::make_unique<Store>();
-    BoxSettings settings;
-    settings.host = m_box->connection().host;
-    settings.ftpPort = m_box->connection().ftpPort;
-    settings.user = m_box->connection().user;
-    settings.password = m_box->connection().password;
-    m_store->setSettings(settings);
+    m_store->setSettings(SyncFixture::settingsFor(*m_box));
     m_picons = std::make_unique<Picons>(*m_store);
 
     const QString list = m_dir->filePath(u"list"_s);
@@ -313,7 +292,7 @@ void PiconsTest::downloadTwice()
     QCOMPARE(m_store->status(),
              u"Picons aus /usr/share/enigma2/picon/: 3 neu geladen, 0 vorhanden (5 Dateien auf der Box)."_s);
     QCOMPARE(trail.labels().first(), u"Suche Picons auf der Box…"_s);
-    QCOMPARE(trail.matching(u"Lade Picons"_s), QStringList{u"Lade Picons 3/3…"_s});
+    QCOMPARE(labelsStartingWith(trail, u"Lade Picons"_s), QStringList{u"Lade Picons 3/3…"_s});
     QCOMPARE(entries(cacheFolder()), sorted({pngA, pngC, pngD}));
     QCOMPARE(TestSupport::readFile(cacheFolder() + u'/' + pngA), corpusPicon(pngA));
     QCOMPARE(m_store->piconCount(), 3);
@@ -346,7 +325,7 @@ void PiconsTest::downloadTwice()
     QCoro::waitFor(m_picons->downloadPicons());
     QCOMPARE(m_store->status(),
              u"Picons aus /usr/share/enigma2/picon/: 0 neu geladen, 3 vorhanden (5 Dateien auf der Box)."_s);
-    QCOMPARE(trail.matching(u"Lade Picons"_s), (QStringList{u"Lade Picons 3/3…"_s, u"Lade Picons 1/1…"_s}));
+    QCOMPARE(labelsStartingWith(trail, u"Lade Picons"_s), (QStringList{u"Lade Picons 3/3…"_s, u"Lade Picons 1/1…"_s}));
     QCOMPARE(entries(cacheFolder()), sorted({pngA, pngC, pngD}));
 }
 
@@ -366,7 +345,7 @@ void PiconsTest::downloadInBatches()
 
     QCoro::waitFor(m_picons->downloadPicons());
     QCOMPARE(m_store->errorMessage(), std::nullopt);
-    QCOMPARE(trail.matching(u"Lade Picons"_s),
+    QCOMPARE(labelsStartingWith(trail, u"Lade Picons"_s),
              (QStringList{u"Lade Picons 200/205…"_s, u"Lade Picons 205/205…"_s}));
     QCOMPARE(m_store->piconCount(), 205);
     QCOMPARE(m_store->status(),
@@ -454,7 +433,7 @@ void PiconsTest::uploadChoices()
     QCoro::waitFor(m_picons->uploadPicons());
     QCOMPARE(m_store->errorMessage(), std::nullopt);
     QCOMPARE(m_store->status(), u"2 Picons nach /usr/share/enigma2/picon/ hochgeladen."_s);
-    QCOMPARE(trail.matching(u"Lade Picons hoch"_s), (QStringList{u"Lade Picons hoch…"_s, u"Lade Picons hoch 2/2…"_s}));
+    QCOMPARE(labelsStartingWith(trail, u"Lade Picons hoch"_s), (QStringList{u"Lade Picons hoch…"_s, u"Lade Picons hoch 2/2…"_s}));
     QCOMPARE(entries(m_box->path(boxPicons)), sorted({pngA, pngB, pngC, pngY}));
     QCOMPARE(TestSupport::readFile(m_box->path(boxPicons + pngC)), corpusPicon(pngC));
     QCOMPARE(TestSupport::readFile(m_box->path(boxPicons + pngB)), QByteArray("OLD"));
