@@ -80,6 +80,11 @@ QString folderNameOf(const QString &host)
     QString name = host;
     name.replace(u'/', u'_');
     if (name == u"." || name == u"..") name.replace(u'.', u'_');
+    // A box must never take the name of the data folder's own entries, which a download would
+    // replace: the caches, the backups, the password file, and the hidden folders of transfers.
+    if (name.startsWith(u'.')) name[0] = u'_';
+    static const QStringList reserved{u"Picons"_s, u"Sicherungen"_s, u"Picon-Pakete"_s, u"passwords.json"_s};
+    if (reserved.contains(name)) name.prepend(u'_');
     return name;
 }
 

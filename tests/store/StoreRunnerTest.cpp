@@ -160,6 +160,10 @@ void StoreRunnerTest::boxFolderName_data()
     QTest::newRow("address with blanks") << u" 127.0.0.1 "_s << u"127.0.0.1"_s << true;
     QTest::newRow("unresolvable with slashes") << u"box/with/slash"_s << u"box_with_slash"_s << false;
     QTest::newRow("unresolvable dots") << u".."_s << u"__"_s << false;
+    QTest::newRow("hidden name") << u".teil"_s << u"_teil"_s << false;
+    QTest::newRow("the picon cache's name") << u"Picons"_s << u"_Picons"_s << false;
+    QTest::newRow("the backups' name") << u"Sicherungen"_s << u"_Sicherungen"_s << false;
+    QTest::newRow("the password file's name") << u"passwords.json"_s << u"_passwords.json"_s << false;
 }
 
 void StoreRunnerTest::boxFolderName()
