@@ -21,16 +21,6 @@ namespace ListFolder {
 
 namespace {
 
-// The file's bytes with invalid UTF-8 replaced; none when it is not a readable regular file
-// (a folder or a pipe in its place is treated as missing rather than read).
-std::optional<QByteArray> readText(const QString &path)
-{
-    if (!QFileInfo(path).isFile()) return std::nullopt;
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
-    return Utf8::repaired(file.readAll());
-}
-
 // The distinct keys in one order, for comparing two databases without building hash sets.
 std::vector<ServiceKey> keysOf(const QList<Service> &services)
 {
@@ -61,6 +51,14 @@ std::optional<Comparison> compare(const QList<Service> &primary, const QByteArra
 }
 
 } // namespace
+
+std::optional<QByteArray> readText(const QString &path)
+{
+    if (!QFileInfo(path).isFile()) return std::nullopt;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
+    return Utf8::repaired(file.readAll());
+}
 
 Contents read(const QString &folder)
 {
@@ -95,6 +93,19 @@ Contents read(const QString &folder)
         }
     }
 
+    Bouquets bouquets = readBouquets(folder);
+    contents.bouquets = std::move(bouquets.bouquets);
+    contents.missingFiles = std::move(bouquets.missingFiles);
+
+    if (const std::optional<QByteArray> satellites = readText(dir.filePath(u"satellites.xml"_s)))
+        contents.satelliteNames = Satellites::parse(*satellites);
+    return contents;
+}
+
+Bouquets readBouquets(const QString &folder)
+{
+    const QDir dir(folder);
+    Bouquets result;
     for (MediaKind kind : MediaKind::allCases()) {
         QList<Bouquet> bouquets;
         if (const std::optional<QByteArray> index =
@@ -105,15 +116,12 @@ Contents read(const QString &folder)
                 if (text)
                     bouquets << Bouquet::parse(name, kind, *text);
                 else
-                    contents.missingFiles << name;
+                    result.missingFiles << name;
             }
         }
-        contents.bouquets.insert(kind, bouquets);
+        result.bouquets.insert(kind, bouquets);
     }
-
-    if (const std::optional<QByteArray> satellites = readText(dir.filePath(u"satellites.xml"_s)))
-        contents.satelliteNames = Satellites::parse(*satellites);
-    return contents;
+    return result;
 }
 
 void writeFile(const QString &folder, const QString &name, const QByteArray &bytes)

@@ -44,6 +44,19 @@ struct Contents
 // be read, and the reader's error when the primary database cannot be parsed.
 Contents read(const QString &folder);
 
+// The bouquets that the index files name, and the named files that could not be read. Never fails:
+// a folder without index files has no bouquets.
+struct Bouquets
+{
+    BouquetLists bouquets;
+    QStringList missingFiles;
+};
+Bouquets readBouquets(const QString &folder);
+
+// The bytes of a regular file with invalid UTF-8 replaced; none when it cannot be read (a folder
+// or a pipe in its place counts as missing rather than being read).
+std::optional<QByteArray> readText(const QString &path);
+
 // Replaces folder/name with the bytes through a temporary file; throws MessageError on failure.
 void writeFile(const QString &folder, const QString &name, const QByteArray &bytes);
 
