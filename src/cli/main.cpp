@@ -1,0 +1,17 @@
+#include "Commands.h"
+#include "Translation.h"
+
+#include <QCoreApplication>
+
+using namespace Qt::StringLiterals;
+
+int main(int argc, char *argv[])
+{
+    QCoreApplication app(argc, argv);
+    // The editor's names: its preferences, password store, data folders and log.
+    QCoreApplication::setOrganizationName(u"Corvandel"_s);
+    QCoreApplication::setApplicationName(u"Corvandel"_s);
+    QCoreApplication::setApplicationVersion(QStringLiteral(CORVANDEL_VERSION));
+    Translation::install();
+    return Commands::run(QCoreApplication::arguments());
+}
