@@ -28,8 +28,9 @@ void copyFiles(const QString &from, const QString &to)
     for (const QString &name : names) {
         QFile file(QDir(from).filePath(name));
         if (!file.open(QIODevice::ReadOnly)) {
-            throw MessageError(QCoreApplication::translate("ListFolder", "„%1“ konnte nicht gelesen werden: %2")
-                                   .arg(name, file.errorString()));
+            throw MessageError(
+                QCoreApplication::translate("ListFolder", "„%1“ konnte nicht gelesen werden: %2")
+                    .arg(name, file.errorString()));
         }
         ListFolder::writeFile(to, name, file.readAll());
     }
@@ -42,8 +43,7 @@ BoxCommand::BoxCommand(const BoxSettings &settings, QObject *parent)
     , m_store(settings)
 {
     connect(&m_store, &Store::busyChanged, this, [this] {
-        if (m_store.busy())
-            Console::error(*m_store.busy());
+        if (m_store.busy()) Console::error(*m_store.busy());
     });
 }
 

@@ -34,8 +34,7 @@ void error(const QString &text)
 
 QString describe(const std::exception &error)
 {
-    if (const auto *own = dynamic_cast<const Error *>(&error))
-        return own->description();
+    if (const auto *own = dynamic_cast<const Error *>(&error)) return own->description();
     return QString::fromUtf8(error.what());
 }
 
@@ -44,8 +43,7 @@ void table(const QList<QStringList> &rows, const QString &indent)
     QList<qsizetype> widths;
     for (const QStringList &row : rows) {
         for (qsizetype i = 0; i < row.size(); ++i) {
-            if (widths.size() <= i)
-                widths << 0;
+            if (widths.size() <= i) widths << 0;
             widths[i] = std::max(widths[i], row.at(i).size());
         }
     }

@@ -26,9 +26,9 @@ QList<IndexLine> indexLines(const QString &folder)
 {
     QList<IndexLine> lines;
     for (MediaKind kind : MediaKind::allCases()) {
-        const std::optional<QByteArray> text = ListFolder::readText(QDir(folder).filePath(u"bouquets."_s + kind.rawValue()));
-        if (!text)
-            continue;
+        const std::optional<QByteArray> text =
+            ListFolder::readText(QDir(folder).filePath(u"bouquets."_s + kind.rawValue()));
+        if (!text) continue;
         forEachNumberedLine(*text, [&](QByteArrayView line, int number) {
             for (const QString &name : BouquetIndex::fileNames(line))
                 lines << IndexLine{kind, name, number};
@@ -41,8 +41,7 @@ QList<int> entryLines(QByteArrayView text)
 {
     QList<int> numbers;
     forEachNumberedLine(text, [&](QByteArrayView line, int number) {
-        if (line.startsWith("#SERVICE "))
-            numbers << number;
+        if (line.startsWith("#SERVICE ")) numbers << number;
     });
     return numbers;
 }
@@ -56,11 +55,9 @@ bool isStream(QStringView reference)
 {
     const QList<QStringView> pieces = reference.split(u':');
     // Markers, bouquet links and other flagged references carry something else there.
-    if (pieces.size() < 2 || pieces.at(1) != u"0")
-        return false;
+    if (pieces.size() < 2 || pieces.at(1) != u"0") return false;
     const QStringView type = pieces.at(0);
-    if (type == u"4097" || type == u"5001" || type == u"5002")
-        return true;
+    if (type == u"4097" || type == u"5001" || type == u"5002") return true;
     return pieces.size() > 10 && !pieces.at(10).isEmpty();
 }
 

@@ -24,11 +24,9 @@ QString primaryDatabase(const QMap<QString, QByteArray> &lamedbTexts);
 
 // Calls f(line, number) for every line as the readers split it (at any line break), numbered
 // as an editor counts lines (at line feeds).
-template<typename F>
-void forEachNumberedLine(QByteArrayView text, F &&f)
+template <typename F> void forEachNumberedLine(QByteArrayView text, F &&f)
 {
-    if (text.isEmpty())
-        return;
+    if (text.isEmpty()) return;
     qsizetype counted = 0;
     int number = 1;
     TextScan::forEachLine(text, TextScan::Breaks::unicode, [&](QByteArrayView line) {

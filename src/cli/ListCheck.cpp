@@ -35,12 +35,10 @@ std::optional<QString> strayBreak(QByteArrayView line)
 {
     for (qsizetype i = 0; i < line.size(); ++i) {
         const uchar c = uchar(line.at(i));
-        if (c == '\r' || c == '\v' || c == '\f')
-            return codePoint(c);
-        if (c == 0xC2 && i + 1 < line.size() && uchar(line.at(i + 1)) == 0x85)
-            return codePoint(0x85);
-        if (c == 0xE2 && i + 2 < line.size() && uchar(line.at(i + 1)) == 0x80
-            && (uchar(line.at(i + 2)) == 0xA8 || uchar(line.at(i + 2)) == 0xA9))
+        if (c == '\r' || c == '\v' || c == '\f') return codePoint(c);
+        if (c == 0xC2 && i + 1 < line.size() && uchar(line.at(i + 1)) == 0x85) return codePoint(0x85);
+        if (c == 0xE2 && i + 2 < line.size() && uchar(line.at(i + 1)) == 0x80 &&
+            (uchar(line.at(i + 2)) == 0xA8 || uchar(line.at(i + 2)) == 0xA9))
             return codePoint(0x2000 + uchar(line.at(i + 2)) - 0x80);
     }
     return std::nullopt;
@@ -52,8 +50,7 @@ bool quoteInName(QByteArrayView line)
 {
     const qsizetype open = TextScan::indexOf(line, '"');
     const qsizetype close = open < 0 ? -1 : TextScan::indexOf(line, '"', open + 1);
-    if (close < 0)
-        return false;
+    if (close < 0) return false;
     const QByteArrayView rest = line.sliced(close + 1);
     return (!rest.isEmpty() && rest.front() != ',') || TextScan::indexOf(rest, '"') >= 0;
 }
@@ -64,31 +61,27 @@ void checkLines(const QString &file, QByteArrayView text, bool database, QList<P
     int number = 0;
     TextScan::forEachLine(text, TextScan::Breaks::lineFeed, [&](QByteArrayView line) {
         ++number;
-        if (line.endsWith('\r'))
-            line.chop(1);
+        if (line.endsWith('\r')) line.chop(1);
         if (const std::optional<QString> stray = strayBreak(line))
             found << Problem{file, number, tr("Zeilenumbruch %1 mitten in der Zeile.").arg(*stray)};
-        if (!database)
-            return;
+        if (!database) return;
         if (format5 && line.startsWith("s:") && quoteInName(line))
             found << Problem{file, number, tr("Ein Anführungszeichen im Sendernamen zerbricht die Zeile.")};
         // What the repair undoes holds "Â", "Ã" or "â", all encoded with the lead byte 0xC3.
-        if (TextScan::indexOf(line, char(0xC3)) < 0)
-            return;
+        if (TextScan::indexOf(line, char(0xC3)) < 0) return;
         const QString original = TextScan::decoded(line);
         const QString repaired = TextRepair::fix(original);
         if (repaired != original)
-            found << Problem{file, number, tr("Die Zeichenreparatur würde „%1“ zu „%2“ machen.").arg(original, repaired)};
+            found << Problem{file, number,
+                             tr("Die Zeichenreparatur würde „%1“ zu „%2“ machen.").arg(original, repaired)};
     });
 }
 
 // The line of the first occurrence when `id` was seen before, else none (and `id` is noted).
-template<typename Id>
-std::optional<int> seenBefore(QHash<Id, int> &seen, const Id &id, int line)
+template <typename Id> std::optional<int> seenBefore(QHash<Id, int> &seen, const Id &id, int line)
 {
     const auto it = seen.constFind(id);
-    if (it != seen.cend())
-        return *it;
+    if (it != seen.cend()) return *it;
     seen.insert(id, line);
     return std::nullopt;
 }
@@ -97,14 +90,13 @@ std::optional<int> seenBefore(QHash<Id, int> &seen, const Id &id, int line)
 bool holdsBouquetsOnly(const QDir &dir)
 {
     const auto isFile = [&](const QString &name) { return QFileInfo(dir.filePath(name)).isFile(); };
-    return dir.isReadable() && !isFile(u"lamedb5"_s) && !isFile(u"lamedb"_s)
-           && (isFile(u"bouquets.tv"_s) || isFile(u"bouquets.radio"_s));
+    return dir.isReadable() && !isFile(u"lamedb5"_s) && !isFile(u"lamedb"_s) &&
+           (isFile(u"bouquets.tv"_s) || isFile(u"bouquets.radio"_s));
 }
 
 ListFolder::Contents load(const QString &folder)
 {
-    if (!holdsBouquetsOnly(QDir(folder)))
-        return ListFolder::read(folder);
+    if (!holdsBouquetsOnly(QDir(folder))) return ListFolder::read(folder);
     Console::error(tr("Im Ordner liegt weder lamedb noch lamedb5: die Einträge werden mit keiner "
                       "Senderdatenbank verglichen."));
     ListFolder::Bouquets bouquets = ListFolder::readBouquets(folder);
@@ -126,9 +118,11 @@ QList<Problem> problems(const QString &folder)
     const std::optional<ListFolder::Comparison> comparison =
         contents.comparison.valid() ? contents.comparison.get() : std::nullopt;
     if (comparison && comparison->differ) {
-        found << Problem{{}, 0, tr("lamedb (%1 Sender) und lamedb5 (%2 Sender) enthalten unterschiedliche Sender.")
-                                    .arg(comparison->lamedbCount)
-                                    .arg(comparison->lamedb5Count)};
+        found << Problem{{},
+                         0,
+                         tr("lamedb (%1 Sender) und lamedb5 (%2 Sender) enthalten unterschiedliche Sender.")
+                             .arg(comparison->lamedbCount)
+                             .arg(comparison->lamedb5Count)};
     }
     for (auto it = contents.lamedbTexts.cbegin(); it != contents.lamedbTexts.cend(); ++it)
         checkLines(it.key(), it.value(), true, found);
@@ -138,7 +132,8 @@ QList<Problem> problems(const QString &folder)
     for (const FolderScan::IndexLine &line : FolderScan::indexLines(folder)) {
         named.insert(line.fileName);
         if (contents.missingFiles.contains(line.fileName))
-            found << Problem{u"bouquets."_s + line.kind.rawValue(), line.line, missingFile.arg(line.fileName)};
+            found << Problem{u"bouquets."_s + line.kind.rawValue(), line.line,
+                             missingFile.arg(line.fileName)};
     }
 
     QSet<ServiceKey> keys;
@@ -146,7 +141,8 @@ QList<Problem> problems(const QString &folder)
         keys.insert(service.key);
     for (MediaKind kind : MediaKind::allCases()) {
         for (const Bouquet &bouquet : contents.bouquets.value(kind)) {
-            const QByteArray text = ListFolder::readText(dir.filePath(bouquet.fileName)).value_or(QByteArray());
+            const QByteArray text =
+                ListFolder::readText(dir.filePath(bouquet.fileName)).value_or(QByteArray());
             checkLines(bouquet.fileName, text, false, found);
             const QList<int> lines = FolderScan::entryLines(text);
             QHash<ServiceKey, int> seenKeys;
@@ -156,7 +152,8 @@ QList<Problem> problems(const QString &folder)
                 const int line = lines.value(i);
                 std::optional<int> first;
                 if (FolderScan::isSubBouquet(reference)) {
-                    for (const QString &name : BouquetIndex::fileNames(QString(u"#SERVICE "_s + reference).toUtf8())) {
+                    for (const QString &name :
+                         BouquetIndex::fileNames(QString(u"#SERVICE "_s + reference).toUtf8())) {
                         named.insert(name);
                         if (!BouquetIndex::isSafeFileName(name) || !QFileInfo(dir.filePath(name)).isFile())
                             found << Problem{bouquet.fileName, line, missingFile.arg(name)};
@@ -172,8 +169,9 @@ QList<Problem> problems(const QString &folder)
                     first = seenBefore(seenKeys, *key, line);
                 }
                 if (first) {
-                    found << Problem{bouquet.fileName, line,
-                                     tr("Derselbe Sender wie in Zeile %1: %2").arg(QString::number(*first), reference)};
+                    found << Problem{
+                        bouquet.fileName, line,
+                        tr("Derselbe Sender wie in Zeile %1: %2").arg(QString::number(*first), reference)};
                 }
             }
         }

@@ -69,8 +69,7 @@ int info(const QString &folder)
 {
     // Without the editor's connection settings: a list folder needs no box and no password.
     Store store{BoxSettings{}};
-    if (!load(store, folder))
-        return 2;
+    if (!load(store, folder)) return 2;
     Console::line(store.status());
 
     qsizetype radio = 0;
@@ -97,7 +96,8 @@ int info(const QString &folder)
                 streams += FolderScan::isStream(entry.reference);
             }
         }
-        Console::line(tr("%1-Bouquets: %2 mit %3 Einträgen").arg(kind.title()).arg(bouquets.size()).arg(entries));
+        Console::line(
+            tr("%1-Bouquets: %2 mit %3 Einträgen").arg(kind.title()).arg(bouquets.size()).arg(entries));
     }
     Console::line(tr("Markierungen: %1").arg(markers));
     Console::line(tr("Unter-Bouquet-Verweise: %1").arg(subBouquets));
@@ -113,8 +113,7 @@ int info(const QString &folder)
             missing << line.fileName;
     }
     QString missingLine = tr("Fehlende Bouquet-Dateien: %1").arg(missing.size());
-    if (!missing.isEmpty())
-        missingLine += u" ("_s + missing.join(u", "_s) + u')';
+    if (!missing.isEmpty()) missingLine += u" ("_s + missing.join(u", "_s) + u')';
     Console::line(missingLine);
     return 0;
 }
@@ -122,8 +121,7 @@ int info(const QString &folder)
 int dump(const QString &folder, bool json)
 {
     Store store{BoxSettings{}};
-    if (!load(store, folder))
-        return 2;
+    if (!load(store, folder)) return 2;
     if (json) {
         Console::write(document(store).toJson(QJsonDocument::Indented));
         return 0;
@@ -131,7 +129,8 @@ int dump(const QString &folder, bool json)
 
     // In file order, as the database lists them.
     const QList<Service> &services = store.baseServices();
-    Console::line(tr("%1 Sender aus %2:").arg(services.size()).arg(FolderScan::primaryDatabase(store.lamedbTexts())));
+    Console::line(
+        tr("%1 Sender aus %2:").arg(services.size()).arg(FolderScan::primaryDatabase(store.lamedbTexts())));
     QList<QStringList> rows{{tr("Referenz"), tr("Typ"), tr("Name"), tr("Anbieter"), tr("Position")}};
     for (const Service &service : services)
         rows << QStringList{reference(service), QString::number(service.type), service.name, service.provider,
@@ -145,8 +144,8 @@ int dump(const QString &folder, bool json)
         QList<QStringList> entryRows{{tr("Nr."), tr("Referenz"), tr("Eigener Name"), tr("Anzeigename")}};
         for (qsizetype i = 0; i < bouquet.entries.size(); ++i) {
             const BouquetEntry &entry = bouquet.entries.at(i);
-            entryRows << QStringList{QString::number(i + 1), entry.reference, entry.description.value_or(QString()),
-                                     store.displayName(entry)};
+            entryRows << QStringList{QString::number(i + 1), entry.reference,
+                                     entry.description.value_or(QString()), store.displayName(entry)};
         }
         Console::table(entryRows, u"  "_s);
     }

@@ -40,8 +40,7 @@ void install()
     for (const QString &language : languages) {
         const QString name = QString(language).replace(u'-', u'_');
         // German is the source; a later language in the user's list must not win over it.
-        if (QLocale(name).language() == QLocale::German)
-            return;
+        if (QLocale(name).language() == QLocale::German) return;
         for (const QString &dir : folders()) {
             if (translator->load(u"corvandel_"_s + name, dir)) {
                 QCoreApplication::installTranslator(translator.get());
@@ -54,14 +53,12 @@ void install()
 
 Untranslated::Untranslated()
 {
-    if (installed())
-        QCoreApplication::removeTranslator(installed().get());
+    if (installed()) QCoreApplication::removeTranslator(installed().get());
 }
 
 Untranslated::~Untranslated()
 {
-    if (installed())
-        QCoreApplication::installTranslator(installed().get());
+    if (installed()) QCoreApplication::installTranslator(installed().get());
 }
 
 } // namespace Translation
