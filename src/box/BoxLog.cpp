@@ -280,10 +280,15 @@ QString BoxLog::dayOfHeader(QStringView line)
 
 QString BoxLog::bannerMessage()
 {
+    return versionLine() + u" gestartet"_s;
+}
+
+QString BoxLog::versionLine()
+{
 #ifdef CORVANDEL_BUILD
     const QString build = QStringLiteral(CORVANDEL_BUILD);
 #else
     const QString build;
 #endif
-    return u"Corvandel v"_s + QStringLiteral(CORVANDEL_VERSION) + u" (Build "_s + build + u") gestartet"_s;
+    return u"Corvandel v"_s + QStringLiteral(CORVANDEL_VERSION) + u" (Build "_s + build + u')';
 }

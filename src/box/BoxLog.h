@@ -53,6 +53,8 @@ public:
     // The day text of a header line, or a null string for any other line.
     static QString dayOfHeader(QStringView line);
     static QString bannerMessage();
+    // "Corvandel v… (Build …)": the version as the banner and the settings window show it.
+    static QString versionLine();
 
 signals:
     // After every write and clear, in the thread the log lives in.

@@ -95,11 +95,13 @@ void LogView::reveal(const QString &path)
 {
     const QFileInfo file(path);
     const QUrl folder = QUrl::fromLocalFile(file.absolutePath());
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!file.exists() || !bus.isConnected()) {
+    // Without a bus address, asking for the session bus would try to start one.
+    const bool busKnown = !qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS");
+    if (!file.exists() || !busKnown || !QDBusConnection::sessionBus().isConnected()) {
         QDesktopServices::openUrl(folder);
         return;
     }
+    QDBusConnection bus = QDBusConnection::sessionBus();
     QDBusMessage call = QDBusMessage::createMethodCall(u"org.freedesktop.FileManager1"_s, u"/org/freedesktop/FileManager1"_s,
                                                        u"org.freedesktop.FileManager1"_s, u"ShowItems"_s);
     call << QStringList{QUrl::fromLocalFile(file.absoluteFilePath()).toString()} << QString();
