@@ -181,6 +181,7 @@ void Store::setErrorMessage(const std::optional<QString> &message)
 
 void Store::setDirty(bool dirty)
 {
+    if (dirty) ++m_revision;
     if (assign(m_isDirty, dirty)) emit isDirtyChanged();
 }
 

@@ -107,6 +107,9 @@ public:
     void setErrorMessage(const std::optional<QString> &message);
     bool isDirty() const { return m_isDirty; }
     void setDirty(bool dirty);
+    // Advances with every change of the document, so that an operation that waits between writing
+    // the list and sending it can tell whether the user edited it meanwhile.
+    quint64 revision() const { return m_revision; }
     // Absolute paths, most recent first.
     const QStringList &recentFolders() const { return m_recentFolders; }
     // Backup folders of the current box, newest first.
@@ -263,6 +266,7 @@ private:
     QString m_status;
     std::optional<QString> m_errorMessage;
     bool m_isDirty = false;
+    quint64 m_revision = 0;
     QStringList m_recentFolders;
     QStringList m_backups;
     std::optional<int> m_lamedbRepairCount;

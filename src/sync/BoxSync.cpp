@@ -160,6 +160,7 @@ QCoro::Task<> BoxSync::runUpload()
     }
 
     m_store.setBusy(tr("Sende an die Box…"));
+    const quint64 revision = m_store.revision();
     QStringList written = m_store.save(workDir);
     // The save never writes such names; nothing that could land elsewhere on the box is sent.
     written.removeIf([](const QString &name) { return BoxListing::isHostile(name); });
@@ -170,7 +171,9 @@ QCoro::Task<> BoxSync::runUpload()
         m_store.setBusy(tr("Sende %1 (%2/%3)…").arg(name).arg(i + 1).arg(written.size()));
         co_await ftp.upload(QDir(workDir).filePath(name), name);
     }
-    m_store.setDirty(false);
+    // An edit made while the files travelled is not on the box.
+    if (m_store.revision() == revision)
+        m_store.setDirty(false);
 
     m_store.setBusy(tr("Lade Bouquets auf der Box neu…"));
     std::optional<QString> reloadFailure;

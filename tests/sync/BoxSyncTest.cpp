@@ -438,9 +438,19 @@ void BoxSyncTest::uploadToEmptyBox()
     Session session(settingsFor(box));
     Store &store = session.store;
     openLocalCopy(store, u"mtcnl-ziggo-cable"_s);
+    // An edit made while the files travel is not on the box: the list stays unsent.
+    bool edited = false;
+    connect(&store, &Store::busyChanged, &store, [&] {
+        if (!edited && store.busy().value_or(QString()).contains(u"(2/"_s)) {
+            edited = true;
+            store.createBouquet(u"Unterwegs"_s);
+        }
+    });
 
     QCoro::waitFor(session.sync.uploadToBox());
     QCOMPARE(store.errorMessage(), std::nullopt);
+    QVERIFY(edited);
+    QVERIFY(store.isDirty());
     QVERIFY(store.backups().isEmpty());
     QVERIFY(!QFileInfo::exists(session.backups.backupFolder()));
     // Saved into another folder than it came from, the list goes out complete.
