@@ -84,11 +84,16 @@ SettingsView::SettingsView(Store &store, BoxSync &sync, QWidget *parent)
     connect(new QShortcut(QKeySequence::Close, this), &QShortcut::activated, this, &QWidget::close);
     takeDraft();
     showBusy();
+    // Showing would size the window to its minimum, squeezing the fields above the wrapped notes.
+    ensurePolished();
+    resize(sizeHint());
 }
 
 QWidget *SettingsView::boxSection()
 {
     m_host = textField(u"host"_s, tr("IP-Adresse oder Hostname"));
+    // Wide enough for the notes below to wrap into few lines.
+    m_host->setMinimumWidth(360);
     m_user = textField(u"user"_s);
     m_password = textField(u"password"_s);
     m_password->setEchoMode(QLineEdit::Password);
@@ -96,6 +101,8 @@ QWidget *SettingsView::boxSection()
                                     .arg(Keychain::fallbackFilePath()));
     m_fallbackNote->setObjectName(u"fallbackNote"_s);
     m_fallbackNote->setWordWrap(true);
+    m_fallbackNote->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_fallbackNote->setVisible(Keychain::usesFallbackFile());
 
     m_testButton = new QPushButton(tr("Verbindung testen"));
     m_testButton->setObjectName(u"test"_s);
@@ -107,18 +114,27 @@ QWidget *SettingsView::boxSection()
     m_outcome->setObjectName(u"outcome"_s);
     m_outcome->setWordWrap(true);
     m_outcome->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    // Room for the outcome from the start, so that the window does not jump when it arrives.
+    m_outcome->setMinimumHeight(2 * m_outcome->fontMetrics().lineSpacing());
+    m_outcome->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     auto *test = new QHBoxLayout;
     test->addWidget(m_testButton);
-    test->addWidget(m_outcomeIcon);
-    test->addWidget(m_outcome, 1);
+    test->addStretch();
+    auto *outcome = new QHBoxLayout;
+    outcome->addWidget(m_outcomeIcon, 0, Qt::AlignTop);
+    outcome->addWidget(m_outcome, 1);
 
     auto *form = new QFormLayout;
     form->addRow(tr("Adresse"), m_host);
     form->addRow(tr("Benutzer"), m_user);
     form->addRow(tr("Passwort"), m_password);
-    form->addRow(m_fallbackNote);
-    form->addRow(test);
-    return section(tr("Box"), form);
+    // Wrapped texts below the form: a box layout gives them the height their lines need.
+    auto *layout = new QVBoxLayout;
+    layout->addLayout(form);
+    layout->addWidget(m_fallbackNote);
+    layout->addLayout(test);
+    layout->addLayout(outcome);
+    return section(tr("Box"), layout);
 }
 
 QWidget *SettingsView::startSection()
@@ -288,7 +304,12 @@ void SettingsView::showEvent(QShowEvent *event)
     if (event->spontaneous())
         return;
     takeDraft();
-    m_fallbackNote->setVisible(Keychain::usesFallbackFile());
+    // The secret service may have come or gone since the window was made.
+    const bool fallback = Keychain::usesFallbackFile();
+    if (fallback != m_fallbackNote->isVisibleTo(this)) {
+        m_fallbackNote->setVisible(fallback);
+        adjustSize();
+    }
 }
 
 void SettingsView::hideEvent(QHideEvent *event)
