@@ -49,6 +49,17 @@ QLineEdit *textField(const QString &objectName, const QString &placeholder = {})
     return field;
 }
 
+// A picker of titled values, showing the current one; a value it does not offer shows the first.
+QComboBox *picker(const QString &objectName, const QList<std::pair<QString, QVariant>> &items, const QVariant &current)
+{
+    auto *field = new QComboBox;
+    field->setObjectName(objectName);
+    for (const auto &[title, value] : items)
+        field->addItem(title, value);
+    field->setCurrentIndex(qMax(0, field->findData(current)));
+    return field;
+}
+
 QSpinBox *portField(const QString &objectName)
 {
     auto *field = new QSpinBox;
@@ -167,21 +178,17 @@ QWidget *SettingsView::advancedSection()
 
 QWidget *SettingsView::appearanceSection()
 {
-    m_sidebarSide = new QComboBox;
-    m_sidebarSide->setObjectName(u"bouquetsRight"_s);
-    m_sidebarSide->addItem(tr("Links"), false);
-    m_sidebarSide->addItem(tr("Rechts"), true);
-    m_sidebarSide->setCurrentIndex(preferences().value(u"bouquetsRight"_s, false).toBool() ? 1 : 0);
+    m_sidebarSide = picker(u"bouquetsRight"_s, {{tr("Links"), false}, {tr("Rechts"), true}},
+                           preferences().value(u"bouquetsRight"_s, false).toBool());
     // The main window moves its sidebar when it is next activated.
     connect(m_sidebarSide, &QComboBox::currentIndexChanged, this, [this] {
         preferences().setValue(u"bouquetsRight"_s, m_sidebarSide->currentData().toBool());
     });
 
-    m_appearance = new QComboBox;
-    m_appearance->setObjectName(u"appearance"_s);
+    QList<std::pair<QString, QVariant>> appearances;
     for (Appearance appearance : Appearance::allCases())
-        m_appearance->addItem(appearance.title(), appearance.rawValue());
-    m_appearance->setCurrentIndex(m_appearance->findData(Appearance::preferred().rawValue()));
+        appearances.append({appearance.title(), appearance.rawValue()});
+    m_appearance = picker(u"appearance"_s, appearances, Appearance::preferred().rawValue());
     connect(m_appearance, &QComboBox::currentIndexChanged, this, [this] {
         const Appearance appearance =
             Appearance::fromRawValue(m_appearance->currentData().toString()).value_or(Appearance::automatic);
@@ -197,12 +204,10 @@ QWidget *SettingsView::appearanceSection()
 
 QWidget *SettingsView::languageSection()
 {
-    m_language = new QComboBox;
-    m_language->setObjectName(u"language"_s);
+    QList<std::pair<QString, QVariant>> languages;
     for (const Language::Choice &choice : Language::choices())
-        m_language->addItem(choice.title, choice.code);
-    // A code that is not offered reads as the system's language.
-    m_language->setCurrentIndex(qMax(0, m_language->findData(Language::current())));
+        languages.append({choice.title, choice.code});
+    m_language = picker(u"language"_s, languages, Language::current());
     m_restartHint = new QLabel(tr("Die neue Sprache gilt nach einem Neustart der App."));
     m_restartHint->setObjectName(u"restartHint"_s);
     m_restartHint->setWordWrap(true);
