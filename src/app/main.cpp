@@ -1,6 +1,7 @@
 #include "AppContext.h"
 #include "Appearance.h"
 #include "BoxLog.h"
+#include "Language.h"
 #include "MainWindow.h"
 #include "SpaceZap.h"
 
@@ -43,6 +44,8 @@ int main(int argc, char *argv[])
     QCoreApplication::setOrganizationName(u"Corvandel"_s);
     QCoreApplication::setApplicationName(u"Corvandel"_s);
     QCoreApplication::setApplicationVersion(QStringLiteral(CORVANDEL_VERSION));
+    // Before the command line: its help is translated too.
+    Language::install(*app);
 
     QCommandLineParser parser;
     parser.setApplicationDescription(translated("Bearbeitet die Senderlisten von Enigma2-Receivern."));
@@ -64,7 +67,7 @@ int main(int argc, char *argv[])
 
     // The log's first use writes the start banner.
     BoxLog::shared();
-    Appearance::apply(Appearance::preferred());
+    Appearance::applyStored();
 
     AppContext context;
     SpaceZap::install(context.zapper());

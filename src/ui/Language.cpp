@@ -1,6 +1,6 @@
 #include "Language.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QDir>
 #include <QLibraryInfo>
 #include <QLocale>
@@ -30,12 +30,12 @@ QString &activeCode()
 }
 
 // Installs the first translation of that name found in the folders.
-bool load(QApplication &application, const QLocale &locale, const QString &name, const QStringList &folders)
+bool load(QCoreApplication &application, const QLocale &locale, const QString &name, const QStringList &folders)
 {
     auto translator = std::make_unique<QTranslator>(&application);
     for (const QString &folder : folders) {
         if (translator->load(locale, name, u"_"_s, folder)) {
-            QApplication::installTranslator(translator.release());
+            QCoreApplication::installTranslator(translator.release());
             return true;
         }
     }
@@ -82,7 +82,7 @@ QStringList translationFolders()
             QDir::cleanPath(program + u"/../../i18n"_s)};
 }
 
-bool install(QApplication &application)
+bool install(QCoreApplication &application)
 {
     const QString code = current();
     activeCode() = code;

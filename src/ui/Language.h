@@ -4,7 +4,7 @@
 #include <QString>
 #include <QStringList>
 
-class QApplication;
+class QCoreApplication;
 
 // The interface language: the preference "language" (a code such as "en"; empty or unset follows
 // the system) chooses the translations installed at start. A change takes effect after a restart.
@@ -31,7 +31,7 @@ QString active();
 QStringList translationFolders();
 // Installs the program's translation for the preference, and Qt's own for its dialogs. Missing
 // translations are no error: the German source texts stay. Returns whether the program's loaded.
-bool install(QApplication &application);
+bool install(QCoreApplication &application);
 
 // Starts a new instance of the running program and, once it runs, quits this one (whose main
 // window may still ask about unsaved changes). Returns false when the new instance did not start.

@@ -3,13 +3,16 @@
 #include "AppContext.h"
 #include "BouquetListModel.h"
 #include "BouquetSidebar.h"
+#include "BoxControlView.h"
 #include "EntryListModel.h"
 #include "EntryListView.h"
 #include "Error.h"
+#include "LogView.h"
 #include "PiconPackageDialog.h"
 #include "PiconPixmaps.h"
 #include "PiconUploadSheet.h"
 #include "ServiceBrowser.h"
+#include "SettingsView.h"
 #include "Sheets.h"
 
 #include <QAction>
@@ -592,28 +595,35 @@ void MainWindow::showAbout()
     box->open();
 }
 
-// The secondary windows are placeholders until their own classes exist.
+// One instance of each secondary window, made on first use and brought to the front after.
 void MainWindow::showSettings()
 {
-    showPlaceholder(tr("Einstellungen"));
+    if (!m_settingsView) {
+        m_settingsView = new SettingsView(m_context.store(), m_context.boxSync(), this);
+        connect(m_settingsView, &SettingsView::preferencesChanged, this, &MainWindow::applyPreferences);
+    }
+    bringToFront(m_settingsView);
 }
 
 void MainWindow::showBoxControl()
 {
-    showPlaceholder(tr("Box-Steuerung"));
+    if (!m_boxControlView)
+        m_boxControlView = new BoxControlView(m_context.store(), this);
+    bringToFront(m_boxControlView);
 }
 
 void MainWindow::showLog()
 {
-    showPlaceholder(tr("Protokoll"));
+    if (!m_logView)
+        m_logView = new LogView(this);
+    bringToFront(m_logView);
 }
 
-void MainWindow::showPlaceholder(const QString &title)
+void MainWindow::bringToFront(QWidget *window)
 {
-    auto *box = new QMessageBox(QMessageBox::Information, title, tr("„%1“ folgt in Kürze.").arg(title),
-                                QMessageBox::Ok, this);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->show();
+    window->show();
+    window->raise();
+    window->activateWindow();
 }
 
 bool MainWindow::bouquetsOnRight() const

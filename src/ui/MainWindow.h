@@ -12,7 +12,9 @@
 
 class AppContext;
 class BouquetSidebar;
+class BoxControlView;
 class EntryListView;
+class LogView;
 class PiconPixmaps;
 class PiconUploadSheet;
 class QAction;
@@ -23,6 +25,7 @@ class QMessageBox;
 class QProgressBar;
 class QSplitter;
 class ServiceBrowser;
+class SettingsView;
 
 // The editor's window: toolbar and menus with every command, the bouquet sidebar, the entries of
 // the selected bouquet, the service browser and a status line. It only presents; every command
@@ -75,7 +78,7 @@ private:
     void showUploadSheet();
     void showSidebarMenu(const QPoint &position);
     void showEntryMenu(const QPoint &position);
-    void showPlaceholder(const QString &title);
+    static void bringToFront(QWidget *window);
     // Runs `then` at once, or after the user agreed to drop unsaved changes.
     void confirmDiscard(const std::function<void()> &then);
 
@@ -111,6 +114,9 @@ private:
     QList<QAction *> m_operations;
     QPointer<QMessageBox> m_alert;
     QPointer<PiconUploadSheet> m_uploadSheet;
+    QPointer<SettingsView> m_settingsView;
+    QPointer<BoxControlView> m_boxControlView;
+    QPointer<LogView> m_logView;
     QString m_initialFolder;
     bool m_shownOnce = false;
     bool m_closeConfirmed = false;

@@ -180,9 +180,9 @@ QWidget *SettingsView::appearanceSection()
 {
     m_sidebarSide = picker(u"bouquetsRight"_s, {{tr("Links"), false}, {tr("Rechts"), true}},
                            preferences().value(u"bouquetsRight"_s, false).toBool());
-    // The main window moves its sidebar when it is next activated.
     connect(m_sidebarSide, &QComboBox::currentIndexChanged, this, [this] {
         preferences().setValue(u"bouquetsRight"_s, m_sidebarSide->currentData().toBool());
+        emit preferencesChanged();
     });
 
     QList<std::pair<QString, QVariant>> appearances;

@@ -32,6 +32,10 @@ public:
     // Applies the draft, then runs the store's connection test; the outcome shows in the window.
     QCoro::Task<> testConnection();
 
+signals:
+    // A choice that the main window shows (the side of the bouquet sidebar) has changed.
+    void preferencesChanged();
+
 protected:
     void showEvent(QShowEvent *event) override;
     void hideEvent(QHideEvent *event) override;

@@ -1,17 +1,21 @@
 #include "BouquetListModel.h"
 #include "BouquetSidebar.h"
+#include "BoxControlView.h"
 #include "EntryListModel.h"
 #include "EntryListView.h"
+#include "LogView.h"
 #include "Picon.h"
 #include "PiconPackageDialog.h"
 #include "PiconUploadSheet.h"
 #include "ServiceBrowser.h"
 #include "ServiceFilterModel.h"
+#include "SettingsView.h"
 #include "TestSupport.h"
 #include "UiFixture.h"
 
 #include <QAbstractItemModelTester>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QImage>
@@ -67,7 +71,7 @@ private slots:
     void saveAs();
     void openFolderThroughDialog();
     void restoresLastListWhenShown();
-    void sidebarSide();
+    void secondaryWindows();
     void repairConfirmation();
     void commandsAndShortcuts();
     void piconUploadSheet();
@@ -648,19 +652,32 @@ void MainWindowTest::restoresLastListWhenShown()
     }
 }
 
-void MainWindowTest::sidebarSide()
+void MainWindowTest::secondaryWindows()
 {
+    // The settings window's choice of side moves the sidebar at once, keeping its width.
+    window().command(u"settings"_s)->trigger();
+    auto *settings = window().findChild<SettingsView *>();
+    QVERIFY(settings && settings->isVisible());
     QVERIFY(!window().bouquetsOnRight());
     const int width = sidebar()->width();
-    QSettings(u"Corvandel"_s, u"Corvandel"_s).setValue(u"bouquetsRight"_s, true);
-    window().applyPreferences();
+    auto *side = settings->findChild<QComboBox *>(u"bouquetsRight"_s);
+    QVERIFY(side);
+    side->setCurrentIndex(side->findData(true));
     QVERIFY(window().bouquetsOnRight());
     QVERIFY(sidebar()->geometry().left() > window().serviceBrowser()->geometry().right());
     QCOMPARE(sidebar()->width(), width);
-    QSettings(u"Corvandel"_s, u"Corvandel"_s).setValue(u"bouquetsRight"_s, false);
-    window().applyPreferences();
+    side->setCurrentIndex(side->findData(false));
     QVERIFY(!window().bouquetsOnRight());
     QVERIFY(sidebar()->geometry().right() < entries()->geometry().left());
+
+    // Each window exists once, however often it is asked for.
+    for (const QString &name : {u"settings"_s, u"log"_s, u"log"_s, u"boxControl"_s, u"boxControl"_s})
+        window().command(name)->trigger();
+    QCOMPARE(window().findChildren<SettingsView *>().size(), 1);
+    QCOMPARE(window().findChildren<LogView *>().size(), 1);
+    QCOMPARE(window().findChildren<BoxControlView *>().size(), 1);
+    QVERIFY(window().findChild<LogView *>()->isVisible());
+    QVERIFY(window().findChild<BoxControlView *>()->isVisible());
 }
 
 void MainWindowTest::repairConfirmation()
