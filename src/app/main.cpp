@@ -1,9 +1,9 @@
 #include "AppContext.h"
 #include "Appearance.h"
 #include "BoxLog.h"
-#include "Language.h"
 #include "MainWindow.h"
 #include "SpaceZap.h"
+#include "Translations.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -17,10 +17,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString translated(const char *text)
+// The texts of the command line and its help.
+struct CommandLine
 {
-    return QCoreApplication::translate("main", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(main)
+};
 
 // --help and --version are answered without a display.
 bool wantsTextOnly(int argc, char *argv[])
@@ -45,22 +46,23 @@ int main(int argc, char *argv[])
     QCoreApplication::setApplicationName(u"Corvandel"_s);
     QCoreApplication::setApplicationVersion(QStringLiteral(CORVANDEL_VERSION));
     // Before the command line: its help is translated too.
-    Language::install(*app);
+    Translations::install();
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(translated("Bearbeitet die Senderlisten von Enigma2-Receivern."));
+    parser.setApplicationDescription(CommandLine::tr("Bearbeitet die Senderlisten von Enigma2-Receivern."));
     parser.addHelpOption();
     parser.addVersionOption();
-    parser.addPositionalArgument(translated("ORDNER"),
-                                 translated("Der Listenordner, der geöffnet wird (sonst die zuletzt verwendete Liste)."),
-                                 translated("[ORDNER]"));
+    parser.addPositionalArgument(
+        CommandLine::tr("ORDNER"),
+        CommandLine::tr("Der Listenordner, der geöffnet wird (sonst die zuletzt verwendete Liste)."),
+        CommandLine::tr("[ORDNER]"));
     parser.process(*app);
 
     QString folder = parser.positionalArguments().value(0);
     if (!folder.isEmpty()) {
         folder = QFileInfo(folder).absoluteFilePath();
         if (!QFileInfo(folder).isDir()) {
-            QTextStream(stderr) << translated("„%1“ ist kein Ordner.").arg(folder) << '\n';
+            QTextStream(stderr) << CommandLine::tr("„%1“ ist kein Ordner.").arg(folder) << '\n';
             return 2;
         }
     }

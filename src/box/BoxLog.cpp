@@ -202,36 +202,37 @@ void BoxLog::writeBanner()
 
 QString BoxLog::curlHint(int code)
 {
+    // Part of a log line, which stays German like the rest of the log.
     const char *hint = nullptr;
     switch (code) {
     case 6:
-        hint = QT_TRANSLATE_NOOP("BoxLog", "Box-Adresse nicht auflösbar");
+        hint = "Box-Adresse nicht auflösbar";
         break;
     case 7:
-        hint = QT_TRANSLATE_NOOP("BoxLog", "Verbindung abgelehnt / Box nicht erreichbar");
+        hint = "Verbindung abgelehnt / Box nicht erreichbar";
         break;
     case 9:
     case 67:
-        hint = QT_TRANSLATE_NOOP("BoxLog", "Anmeldung abgelehnt (Benutzer/Passwort)");
+        hint = "Anmeldung abgelehnt (Benutzer/Passwort)";
         break;
     case 19:
     case 78:
-        hint = QT_TRANSLATE_NOOP("BoxLog", "Datei auf der Box nicht gefunden");
+        hint = "Datei auf der Box nicht gefunden";
         break;
     case 25:
-        hint = QT_TRANSLATE_NOOP("BoxLog", "Hochladen abgelehnt (Schreibrechte? Speicher voll?)");
+        hint = "Hochladen abgelehnt (Schreibrechte? Speicher voll?)";
         break;
     case 28:
-        hint = QT_TRANSLATE_NOOP("BoxLog", "Zeitüberschreitung");
+        hint = "Zeitüberschreitung";
         break;
     case 55:
     case 56:
-        hint = QT_TRANSLATE_NOOP("BoxLog", "Verbindung während der Übertragung abgebrochen");
+        hint = "Verbindung während der Übertragung abgebrochen";
         break;
     default:
         return {};
     }
-    return tr(hint);
+    return QString::fromUtf8(hint);
 }
 
 QString BoxLog::marker(Level level)

@@ -17,11 +17,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("FTPClient", text);
-}
-
 QString seconds(double value)
 {
     return QString::asprintf("%.2f s", value);
@@ -30,7 +25,7 @@ QString seconds(double value)
 void requirePlainName(const QString &name)
 {
     if (!FTPClient::isPlainName(name))
-        throw MessageError(tr("Ungültiger Dateiname für die Box: ") + name);
+        throw MessageError(FTPClient::tr("Ungültiger Dateiname für die Box: ") + name);
 }
 
 } // namespace

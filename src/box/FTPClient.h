@@ -3,6 +3,7 @@
 #include "BoxSettings.h"
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QHashFunctions>
 #include <QList>
 #include <QString>
@@ -15,6 +16,8 @@
 // Failures are thrown as BoxError; every run is written to the box log.
 class FTPClient
 {
+    Q_DECLARE_TR_FUNCTIONS(FTPClient)
+
 public:
     // A local file and the name it gets on the box.
     struct Upload

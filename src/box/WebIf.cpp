@@ -19,24 +19,19 @@ using namespace std::chrono_literals;
 
 namespace {
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("WebIf", text);
-}
-
 // The box's reason for a request without an answer, in the words the desktop uses for them.
 QString transportFailure(const QNetworkReply &reply)
 {
     switch (reply.error()) {
     case QNetworkReply::OperationCanceledError:
     case QNetworkReply::TimeoutError:
-        return tr("Zeitüberschreitung bei der Anforderung.");
+        return WebIf::tr("Zeitüberschreitung bei der Anforderung.");
     case QNetworkReply::ConnectionRefusedError:
-        return tr("Es konnte keine Verbindung zum Server hergestellt werden.");
+        return WebIf::tr("Es konnte keine Verbindung zum Server hergestellt werden.");
     case QNetworkReply::HostNotFoundError:
-        return tr("Es wurde kein Server mit dem angegebenen Hostnamen gefunden.");
+        return WebIf::tr("Es wurde kein Server mit dem angegebenen Hostnamen gefunden.");
     case QNetworkReply::RemoteHostClosedError:
-        return tr("Die Netzwerkverbindung wurde unterbrochen.");
+        return WebIf::tr("Die Netzwerkverbindung wurde unterbrochen.");
     default:
         return reply.errorString();
     }

@@ -3,6 +3,7 @@
 #include "BoxSettings.h"
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QMap>
 #include <QString>
 #include <QUrl>
@@ -19,6 +20,8 @@ class QNetworkAccessManager;
 // answered with small XML documents from which single elements are cut out.
 class WebIf
 {
+    Q_DECLARE_TR_FUNCTIONS(WebIf)
+
 public:
     // The values of the "newstate" parameter. 1 (deep standby) is deliberately not offered.
     enum class PowerState { toggleStandby = 0, reboot = 2, restartGUI = 3 };

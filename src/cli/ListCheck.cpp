@@ -97,8 +97,10 @@ bool holdsBouquetsOnly(const QDir &dir)
 ListFolder::Contents load(const QString &folder)
 {
     if (!holdsBouquetsOnly(QDir(folder))) return ListFolder::read(folder);
-    Console::error(tr("Im Ordner liegt weder lamedb noch lamedb5: die Einträge werden mit keiner "
-                      "Senderdatenbank verglichen."));
+    // The context spelled out: lupdate takes the qualified return type for this function's class.
+    Console::error(QCoreApplication::translate("ListCheck",
+                                               "Im Ordner liegt weder lamedb noch lamedb5: die Einträge werden "
+                                               "mit keiner Senderdatenbank verglichen."));
     ListFolder::Bouquets bouquets = ListFolder::readBouquets(folder);
     ListFolder::Contents contents;
     contents.bouquets = std::move(bouquets.bouquets);

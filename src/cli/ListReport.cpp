@@ -5,7 +5,7 @@
 #include "FolderScan.h"
 #include "LameDB.h"
 #include "Store.h"
-#include "Translation.h"
+#include "Translations.h"
 
 #include <QCoreApplication>
 #include <QJsonArray>
@@ -156,7 +156,7 @@ QJsonDocument document(const Store &store)
 {
     // Machine-readable values stay in German whatever the user's language: the positions of
     // cable and terrestrial services, and the display names the store makes up.
-    Translation::Untranslated german;
+    Translations::Untranslated german;
     const QString primary = FolderScan::primaryDatabase(store.lamedbTexts());
     QJsonArray services;
     for (const Service &service : LameDB::parse(store.lamedbTexts().value(primary)).services) {

@@ -1,5 +1,5 @@
 #include "Commands.h"
-#include "Translation.h"
+#include "Translations.h"
 
 #include <QCoreApplication>
 
@@ -12,6 +12,6 @@ int main(int argc, char *argv[])
     QCoreApplication::setOrganizationName(u"Corvandel"_s);
     QCoreApplication::setApplicationName(u"Corvandel"_s);
     QCoreApplication::setApplicationVersion(QStringLiteral(CORVANDEL_VERSION));
-    Translation::install();
+    Translations::install();
     return Commands::run(QCoreApplication::arguments());
 }

@@ -19,11 +19,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("PiconPackage", text);
-}
-
 // A zip bomb must not fill the disk; real picon packages stay far below this.
 constexpr qint64 maximumBytes = qint64(4) << 30;
 
@@ -33,7 +28,8 @@ using Writer = std::unique_ptr<archive, decltype(&archive_write_free)>;
 PackageError archiveFailure(archive *handle)
 {
     const char *reason = archive_error_string(handle);
-    return PackageError::extractFailed(reason ? QString::fromLocal8Bit(reason) : tr("unbekannter Fehler"));
+    return PackageError::extractFailed(reason ? QString::fromLocal8Bit(reason)
+                                              : PiconPackage::tr("unbekannter Fehler"));
 }
 
 QString shown(const QByteArray &path)
@@ -45,10 +41,12 @@ QString shown(const QByteArray &path)
 void checkEntryPath(const QByteArray &path)
 {
     if (path.startsWith('/'))
-        throw PackageError::extractFailed(tr("„%1“ hat einen absoluten Pfad.").arg(shown(path)));
+        throw PackageError::extractFailed(
+            PiconPackage::tr("„%1“ hat einen absoluten Pfad.").arg(shown(path)));
     for (const QByteArray &piece : path.split('/')) {
         if (piece == "..")
-            throw PackageError::extractFailed(tr("„%1“ zeigt aus dem Paket heraus.").arg(shown(path)));
+            throw PackageError::extractFailed(
+                PiconPackage::tr("„%1“ zeigt aus dem Paket heraus.").arg(shown(path)));
     }
 }
 
@@ -94,7 +92,8 @@ void checkLinks(const QString &folder)
         const QString resolved = info.canonicalFilePath();
         if (!resolved.isEmpty() && !isInside(resolved, folder))
             throw PackageError::extractFailed(
-                tr("Der Link „%1“ zeigt aus dem Paket heraus.").arg(QDir(folder).relativeFilePath(info.filePath())));
+                PiconPackage::tr("Der Link „%1“ zeigt aus dem Paket heraus.")
+                    .arg(QDir(folder).relativeFilePath(info.filePath())));
     }
 }
 
@@ -111,7 +110,8 @@ void copyData(archive *reader, archive *writer, qint64 &written)
             throw archiveFailure(reader);
         written += qint64(size);
         if (written > maximumBytes)
-            throw PackageError::extractFailed(tr("Mehr als %1 GB – das ist kein Picon-Paket.").arg(maximumBytes >> 30));
+            throw PackageError::extractFailed(
+                PiconPackage::tr("Mehr als %1 GB – das ist kein Picon-Paket.").arg(maximumBytes >> 30));
         if (archive_write_data_block(writer, block, size, offset) < ARCHIVE_WARN)
             throw archiveFailure(writer);
     }

@@ -2,6 +2,7 @@
 
 #include "Error.h"
 
+#include <QCoreApplication>
 #include <QHashFunctions>
 #include <QList>
 #include <QSet>
@@ -79,4 +80,6 @@ struct PiconPackage
     QSet<QString> names() const;
 
     friend bool operator==(const PiconPackage &, const PiconPackage &) = default;
+
+    Q_DECLARE_TR_FUNCTIONS(PiconPackage)
 };

@@ -12,11 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("StagingFolder", text);
-}
-
 // A path beside `target` that does not exist yet; the leading dot keeps it out of the folder
 // lists of boxes and backups.
 QString freePathBeside(const QString &target, const QString &purpose)
@@ -24,7 +19,8 @@ QString freePathBeside(const QString &target, const QString &purpose)
     const QFileInfo info(target);
     QTemporaryDir reserved(info.path() + u"/."_s + info.fileName() + u'-' + purpose + u"-XXXXXX"_s);
     if (!reserved.isValid())
-        throw MessageError(tr("Im Ordner „%1“ kann nichts angelegt werden: %2").arg(info.path(), reserved.errorString()));
+        throw MessageError(StagingFolder::tr("Im Ordner „%1“ kann nichts angelegt werden: %2")
+                               .arg(info.path(), reserved.errorString()));
     reserved.setAutoRemove(false);
     return reserved.path();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <functional>
@@ -9,6 +10,8 @@
 // on destruction unless it was installed.
 class StagingFolder
 {
+    Q_DECLARE_TR_FUNCTIONS(StagingFolder)
+
 public:
     // Creates the folder (and the target's parent); throws MessageError when it cannot.
     explicit StagingFolder(const QString &target);

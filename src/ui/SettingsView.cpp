@@ -6,6 +6,7 @@
 #include "Keychain.h"
 #include "Language.h"
 #include "Store.h"
+#include "Translations.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -207,7 +208,7 @@ QWidget *SettingsView::languageSection()
     QList<std::pair<QString, QVariant>> languages;
     for (const Language::Choice &choice : Language::choices())
         languages.append({choice.title, choice.code});
-    m_language = picker(u"language"_s, languages, Language::current());
+    m_language = picker(u"language"_s, languages, Translations::preference());
     m_restartHint = new QLabel(tr("Die neue Sprache gilt nach einem Neustart der App."));
     m_restartHint->setObjectName(u"restartHint"_s);
     m_restartHint->setWordWrap(true);
@@ -227,9 +228,9 @@ QWidget *SettingsView::languageSection()
 void SettingsView::chooseLanguage()
 {
     const QString code = m_language->currentData().toString();
-    if (code != Language::current())
-        Language::setCurrent(code);
-    const bool changed = code != Language::active();
+    if (code != Translations::preference())
+        Translations::setPreference(code);
+    const bool changed = code != Translations::active();
     m_restartHint->setVisible(changed);
     m_restartButton->setVisible(changed);
 }

@@ -9,11 +9,6 @@ namespace Sheets {
 
 namespace {
 
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("Sheets", text);
-}
-
 // Dialogs in front of the window carry the program's name, like the window itself.
 QString windowTitle()
 {
@@ -32,7 +27,7 @@ QInputDialog *askText(QWidget *window, const QString &title, const QString &labe
     dialog->setLabelText(label);
     dialog->setTextValue(text);
     dialog->setOkButtonText(confirmLabel);
-    dialog->setCancelButtonText(translated("Abbrechen"));
+    dialog->setCancelButtonText(QCoreApplication::translate("Sheets", "Abbrechen"));
     QObject::connect(dialog, &QInputDialog::textValueSelected, dialog, std::move(accepted));
     dialog->open();
     return dialog;
@@ -46,7 +41,7 @@ QMessageBox *confirm(QWidget *window, const QString &question, const QString &de
     box->setWindowModality(Qt::WindowModal);
     box->setInformativeText(details);
     QPushButton *confirmButton = box->addButton(confirmLabel, QMessageBox::AcceptRole);
-    QPushButton *cancelButton = box->addButton(translated("Abbrechen"), QMessageBox::RejectRole);
+    QPushButton *cancelButton = box->addButton(QCoreApplication::translate("Sheets", "Abbrechen"), QMessageBox::RejectRole);
     box->setDefaultButton(confirmButton);
     box->setEscapeButton(cancelButton);
     QObject::connect(box, &QMessageBox::buttonClicked, box,
