@@ -2,6 +2,7 @@
 
 #include <QCoroTask>
 #include <QEventLoop>
+#include <QString>
 
 #include <exception>
 #include <optional>
@@ -38,4 +39,25 @@ T await(QCoro::Task<T> &&task)
         std::rethrow_exception(error);
     if constexpr (!std::is_void_v<T>)
         return std::move(*result);
+}
+
+// The error of type E that the task ends with; none when it succeeds. Errors of other types pass
+// through, so that the test fails on them.
+template<typename E, typename T>
+std::optional<E> awaitError(QCoro::Task<T> &&task)
+{
+    try {
+        await(std::move(task));
+    } catch (const E &error) {
+        return error;
+    }
+    return std::nullopt;
+}
+
+// The description of that error, which names its kind; a null string when the task succeeds.
+template<typename E, typename T>
+QString awaitFailure(QCoro::Task<T> &&task)
+{
+    const std::optional<E> error = awaitError<E>(std::move(task));
+    return error ? error->description() : QString();
 }
