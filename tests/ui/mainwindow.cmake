@@ -11,7 +11,3 @@ corvandel_add_test(ui_boxcommands SOURCES ${CMAKE_CURRENT_LIST_DIR}/BoxCommandsT
     GUI TIMEOUT 120)
 corvandel_add_test(ui_spacezap SOURCES ${CMAKE_CURRENT_LIST_DIR}/SpaceZapTest.cpp LIBS corvandel_uifixture GUI
     TIMEOUT 120)
-
-# Renders the main window, its sheets and confirmations to PNG files (scripts/screenshots); not a test.
-add_executable(corvandel_screenshots ${CMAKE_CURRENT_LIST_DIR}/Screenshots.cpp)
-target_link_libraries(corvandel_screenshots PRIVATE corvandel_uifixture)

@@ -1,14 +1,19 @@
-// Renders the main window with the example list and picons, in the light and the dark palette, and
-// its sheets and confirmations, to PNG files, so that the interface can be looked at without a
-// display. Usage: corvandel_screenshots [OUTPUT_FOLDER] (default: build/screenshots).
+// Renders the main window with the example list and picons, in the light and the dark palette, its
+// sheets and confirmations and the secondary windows, to PNG files, so that the interface can be
+// looked at without a display.
+// Usage: corvandel_screenshots [OUTPUT_FOLDER [LANGUAGE]] (default: build/screenshots, German).
 
 #include "Appearance.h"
 #include "BouquetSidebar.h"
+#include "BoxControlView.h"
 #include "EntryListView.h"
+#include "LogView.h"
 #include "PiconUploadSheet.h"
 #include "ServiceBrowser.h"
 #include "ServiceFilterModel.h"
+#include "SettingsView.h"
 #include "TestSupport.h"
+#include "Translations.h"
 #include "UiFixture.h"
 
 #include <QApplication>
@@ -29,6 +34,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QString output;
+
+// The program's own texts, in the language the screenshots are made in.
+QString translated(const char *context, const char *text)
+{
+    return QCoreApplication::translate(context, text);
+}
 
 void save(QWidget *widget, const QString &name)
 {
@@ -110,6 +121,18 @@ void render(const QString &appearance)
     save(&window, u"search-"_s + appearance);
     browser->searchField()->clear();
 
+    // The secondary windows.
+    const auto saveAndClose = [&](QWidget *view, const QString &name) {
+        save(view, name + appearance);
+        view->close();
+    };
+    window.showSettings();
+    saveAndClose(window.findChild<SettingsView *>(), u"settings-"_s);
+    window.showBoxControl();
+    saveAndClose(window.findChild<BoxControlView *>(), u"boxcontrol-"_s);
+    window.showLog();
+    saveAndClose(window.findChild<LogView *>(), u"log-"_s);
+
     if (appearance != u"light")
         return;
     // The radio list with the sidebar on the right.
@@ -122,7 +145,7 @@ void render(const QString &appearance)
     window.command(u"tv"_s)->trigger();
 
     // An empty bouquet shows how to fill it.
-    fixture.store().createBouquet(u"Neues Bouquet"_s);
+    fixture.store().createBouquet(translated("MainWindow", "Neues Bouquet"));
     save(&window, u"empty-bouquet"_s);
     fixture.store().undo();
     showRichBouquet(fixture);
@@ -142,7 +165,8 @@ void render(const QString &appearance)
     fixture.store().setLamedbRepairCount(3);
     saveDialog<QMessageBox>(u"repair"_s);
     fixture.store().setErrorMessage(
-        u"Sicherung fehlgeschlagen, es wurde nichts gesendet: Die Box 192.168.0.10 ist nicht erreichbar."_s);
+        translated("BoxSync", "Sicherung fehlgeschlagen, es wurde nichts gesendet: %1")
+            .arg(translated("WebIf", "Zeitüberschreitung bei der Anforderung.")));
     saveDialog<QMessageBox>(u"error"_s);
     fixture.store().setErrorMessage(std::nullopt);
 
@@ -157,8 +181,8 @@ void render(const QString &appearance)
     saveDialog<PiconUploadSheet>(u"picon-upload"_s);
 
     // Busy, and the question when quitting with changes.
-    fixture.store().setBusy(u"Lade von der Box…"_s);
-    fixture.store().setStatus(u"Lade lamedb (1/7)…"_s);
+    fixture.store().setBusy(translated("BoxSync", "Lade von der Box…"));
+    fixture.store().setStatus(translated("BoxSync", "Lade %1 (%2/%3)…").arg(u"lamedb"_s).arg(1).arg(7));
     save(&window, u"busy"_s);
     fixture.store().setBusy(std::nullopt);
     fixture.store().createBouquet(u"Ungesichert"_s);
@@ -173,7 +197,11 @@ int main(int argc, char *argv[])
     TestSupport::isolateUserFolders();
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
-    QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
+    const QString language = argc > 2 ? QString::fromLocal8Bit(argv[2]) : u"de"_s;
+    // As the settings window would choose it, and installed as at the program's start.
+    Translations::setPreference(language);
+    Translations::install();
+    QLocale::setDefault(QLocale(language));
     output = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral(CORVANDEL_BINARY_DIR) + u"/screenshots"_s;
     QDir().mkpath(output);
     render(u"light"_s);
