@@ -10,6 +10,7 @@ PACKAGES=(
     libbenchmark-dev clang libclang-rt-14-dev
     curl python3 python3-pyftpdlib gnome-keyring dbus
     xvfb fonts-dejavu-core
+    appstream desktop-file-utils
 )
 
 # Installs what is missing: with apt-get as root, with sudo when that needs no password,
