@@ -10,7 +10,7 @@ namespace PiconArchives {
 
 struct Entry
 {
-    enum Type { file, directory, symlink, hardlink };
+    enum Type { file, symlink, hardlink };
     QByteArray path;
     QByteArray data;
     Type type = file;
@@ -20,10 +20,18 @@ struct Entry
 
 enum class Format { zip, tarGz, tarXz, tarBz2, tar, sevenZip, ar };
 
-Entry file(const QByteArray &path, const QByteArray &data);
-Entry directory(const QByteArray &path);
-Entry softLink(const QByteArray &path, const QByteArray &target);
-Entry hardLink(const QByteArray &path, const QByteArray &target);
+inline Entry file(const QByteArray &path, const QByteArray &data)
+{
+    return {path, data, Entry::file, {}};
+}
+inline Entry softLink(const QByteArray &path, const QByteArray &to)
+{
+    return {path, {}, Entry::symlink, to};
+}
+inline Entry hardLink(const QByteArray &path, const QByteArray &to)
+{
+    return {path, {}, Entry::hardlink, to};
+}
 
 // Writes the entries in order; false (with a warning) when libarchive refuses.
 bool write(const QString &path, Format format, const QList<Entry> &entries);
@@ -33,8 +41,5 @@ QByteArray bytes(Format format, const QList<Entry> &entries);
 // An installable package as the box's package tool builds it: an ar archive of debian-binary,
 // control.tar.gz and data.tar.gz, the data entries below "./".
 bool writeIpk(const QString &path, const QList<Entry> &data);
-
-// The picons of the corpus, by file name; empty without the corpus.
-QList<Entry> corpusPicons(const QByteArray &folder);
 
 } // namespace PiconArchives
