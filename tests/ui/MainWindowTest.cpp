@@ -162,6 +162,18 @@ class MainWindowTest : public QObject
         return QTest::qWaitFor([] { return !QApplication::activeModalWidget(); }) ? question : QString();
     }
 
+    // Fills in the prompt in front of the window; returns its label and the text it offered.
+    QString type(const QString &typed, bool accept = true)
+    {
+        auto *prompt = UiFixture::dialog<QInputDialog>();
+        if (!prompt)
+            return u"(no prompt)"_s;
+        const QString offered = prompt->labelText() + u'|' + prompt->textValue();
+        prompt->setTextValue(typed);
+        accept ? prompt->accept() : prompt->reject();
+        return offered;
+    }
+
     // The services of the current kind that pass the browser's filters, computed the plain way.
     QList<Service> expected(const QString &search, const QString &position = {}, bool onlyUnused = false)
     {
@@ -228,12 +240,11 @@ private slots:
         view.show();
         auto *text = child<QPlainTextEdit>(&view, u"text"_s);
         auto *onlyErrors = child<QCheckBox>(&view, u"onlyErrors"_s);
-        QCOMPARE(text->toPlainText(), QString());
         QCOMPARE(text->placeholderText(), u"Noch keine Einträge."_s);
         onlyErrors->setChecked(true);
         QCOMPARE(text->placeholderText(), u"Keine Fehler – alles hat geklappt."_s);
 
-        // Written while the window is open: it follows on its own.
+        // Written while the window is open: it follows on its own; filtered, only the errors, copied as shown.
         log.write(BoxLog::Level::info, u"FTP"_s, u"Herunterladen: ftp://box/lamedb"_s);
         log.write(BoxLog::Level::error, u"FTP"_s, u"Herunterladen fehlgeschlagen nach 0.10 s: curl-Code 7"_s);
         log.write(BoxLog::Level::ok, u"HTTP"_s, u"GET box:80/web/signal → 200"_s);
@@ -242,21 +253,15 @@ private slots:
         onlyErrors->setChecked(false);
         QTRY_VERIFY(text->toPlainText().contains(u"web/signal"_s));
         QCOMPARE(text->toPlainText(), log.tail(LogView::tailBytes));
-        // The day header, then the four entries; filtered, only the errors, and copied as shown.
-        QCOMPARE(text->toPlainText().split(u'\n', Qt::SkipEmptyParts).size(), 5);
         onlyErrors->setChecked(true);
         const QStringList errors = text->toPlainText().split(u'\n');
-        QCOMPARE(errors.size(), 2);
-        QVERIFY(errors[0].contains(u"  ERR  FTP        Herunterladen fehlgeschlagen"_s));
-        QVERIFY(errors[1].contains(u"  ERR  Telnet     fehlgeschlagen"_s));
+        QVERIFY(errors.size() == 2 && errors[0].contains(u"  ERR  FTP        Herunterladen fehlgeschlagen"_s)
+                && errors[1].contains(u"  ERR  Telnet     fehlgeschlagen"_s));
         child<QPushButton>(&view, u"copy"_s)->click();
         QCOMPARE(QGuiApplication::clipboard()->text(), errors.join(u'\n'));
-
         child<QPushButton>(&view, u"clear"_s)->click();
-        QTRY_COMPARE(text->toPlainText(), QString());
-        QCOMPARE(text->placeholderText(), u"Keine Fehler – alles hat geklappt."_s);
         onlyErrors->setChecked(false);
-        QCOMPARE(text->toPlainText(), QString());
+        QTRY_COMPARE(text->toPlainText(), QString());
 
         // A long log opens at its end, and stays there as it grows.
         view.hide();
@@ -272,50 +277,39 @@ private slots:
         QCOMPARE(bar->value(), bar->maximum());
     }
 
-    void dropServicesAtPosition()
-    {
-        QVERIFY(entryReferences().size() >= 3);
-        const QStringList before = entryReferences();
-        const int last = int(before.size()) - 1;
-        // Room below the rows of a short bouquet.
-        entries()->resize(entries()->width(), (last + 8) * entries()->sizeHintForRow(0));
-        const QPoint below(entries()->viewport()->width() / 2, entries()->viewport()->height() - 3);
-        // Where the two services are dropped, and where they land.
-        const QList<std::pair<QPoint, int>> cases{
-            {at(entries(), 0, Spot::top), 0},      {at(entries(), 1, Spot::top), 1},
-            {at(entries(), 1, Spot::bottom), 2},   {at(entries(), last, Spot::bottom), last + 1},
-            {below, last + 1}};
-        const auto data = dragData(browser()->table(), {0, 2});
-        for (const auto &[point, position] : cases) {
-            const qsizetype steps = store().undoStack().size();
-            QVERIFY(drop(entries(), data.get(), point));
-            QStringList wanted = before;
-            wanted.insert(position, reference(filter()->serviceAt(2)));
-            wanted.insert(position, reference(filter()->serviceAt(0)));
-            QCOMPARE(entryReferences(), wanted);
-            QCOMPARE(entries()->model()->index(position, 0).data(EntryListModel::ReferenceRole).toString(),
-                     wanted.at(position));
-            // One drop, one undo step.
-            QCOMPARE(store().undoStack().size(), steps + 1);
-            window().command(u"undo"_s)->trigger();
-            QCOMPARE(entryReferences(), before);
-        }
-    }
-
-    void dragWithinTheLists()
+    void dragAndDrop()
     {
         const QList<Bouquet> before = store().currentBouquets();
         QVERIFY(before.size() >= 3 && before.at(0).entries.size() >= 4);
         store().setSelectedBouquetID(before.at(0).id);
-        const auto services = dragData(browser()->table(), {1});
-        const auto rows = dragData(entries(), {0, 1});
+        const QStringList references = entryReferences();
+        const int last = int(references.size()) - 1;
+        // Two services dropped at the edges of rows and in the room below a short bouquet land
+        // there; each drop is one step to undo.
+        entries()->resize(entries()->width(), (last + 8) * entries()->sizeHintForRow(0));
+        const QPoint below(entries()->viewport()->width() / 2, entries()->viewport()->height() - 3);
+        const QList<std::pair<QPoint, int>> cases{
+            {at(entries(), 0, Spot::top), 0},      {at(entries(), 1, Spot::top), 1},
+            {at(entries(), 1, Spot::bottom), 2},   {at(entries(), last, Spot::bottom), last + 1},
+            {below, last + 1}};
+        const auto services = dragData(browser()->table(), {0, 2});
+        for (const auto &[point, position] : cases) {
+            QVERIFY(drop(entries(), services.get(), point));
+            QStringList wanted = references;
+            wanted.insert(position, reference(filter()->serviceAt(2)));
+            wanted.insert(position, reference(filter()->serviceAt(0)));
+            QCOMPARE(entryReferences(), wanted);
+            store().undo();
+        }
+        QCOMPARE(entryReferences(), references);
+
         // Services and entries dropped onto another bouquet are appended there; the shown one stays.
+        const auto rows = dragData(entries(), {0, 1});
         QVERIFY(drop(sidebar(), services.get(), at(sidebar(), 1)));
         QVERIFY(drop(sidebar(), rows.get(), at(sidebar(), 1)));
         QCOMPARE(referencesOf(store().currentBouquets().at(1).entries.mid(before.at(1).entries.size())),
-                 QStringList{services->text()} + referencesOf(before.at(0).entries.mid(0, 2)));
-        QCOMPARE(store().currentBouquets().at(0).entries, before.at(0).entries);
-        QCOMPARE(store().selectedBouquetID(), before.at(0).id);
+                 services->text().split(u'\n') + references.mid(0, 2));
+        QVERIFY(entryReferences() == references && store().selectedBouquetID() == before.at(0).id);
         // Between two bouquets references have no place.
         QVERIFY(!drop(sidebar(), services.get(), at(sidebar(), 1, Spot::top)));
 
@@ -328,21 +322,13 @@ private slots:
         const qsizetype steps = store().undoStack().size();
         QVERIFY(drop(entries(), rows.get(), at(entries(), 2, Spot::bottom)));
         QCOMPARE(entryReferences(), wanted);
-        QCOMPARE(store().undoStack().size(), steps + 1);
-        QCOMPARE(store().entrySelection().size(), 2);
-        // Rows of another bouquet are no move here: they are inserted as copies.
-        rows->setData(EntryListModel::rowsMimeType, "{00000000-0000-0000-0000-000000000001}\n0");
-        QVERIFY(drop(entries(), rows.get(), at(entries(), 0, Spot::top)));
-        QCOMPARE(entryReferences(), referencesOf(before.at(0).entries.mid(0, 2)) + wanted);
+        QVERIFY(store().undoStack().size() == steps + 1 && store().entrySelection().size() == 2);
 
         // A bouquet dragged below the third moves there, and the selection with it.
         QVERIFY(drop(sidebar(), dragData(sidebar(), {0}).get(), at(sidebar(), 2, Spot::bottom)));
         const QList<Bouquet> after = store().currentBouquets();
         QVERIFY(after.at(0).id == before.at(1).id && after.at(1).id == before.at(2).id && after.at(2).id == before.at(0).id);
-        QCOMPARE(sidebar()->model()->index(2, 0).data().toString(), before.at(0).name);
         QCOMPARE(sidebar()->currentIndex().data(BouquetListModel::IdRole).toUuid(), before.at(0).id);
-        window().command(u"undo"_s)->trigger();
-        QCOMPARE(store().currentBouquets().first().id, before.first().id);
     }
 
     void keysSelectionAndUndo()
@@ -358,8 +344,7 @@ private slots:
         // A click in the service table makes it the active list, a click in the entries the entry list.
         QTableView *table = browser()->table();
         QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, at(table, 0));
-        QVERIFY(!store().entryListActive());
-        QCOMPARE(store().serviceSelection().size(), 1);
+        QVERIFY(!store().entryListActive() && store().serviceSelection().size() == 1);
         QTest::mouseClick(entries()->viewport(), Qt::LeftButton, {}, at(entries(), 0));
         QTest::mouseClick(entries()->viewport(), Qt::LeftButton, Qt::ControlModifier, at(entries(), 2));
         QVERIFY(store().entryListActive());
@@ -377,20 +362,16 @@ private slots:
         QTest::keyClick(entries(), Qt::Key_Delete);
         const QStringList wanted = QStringList{before.at(1)} + before.mid(3);
         QCOMPARE(entryReferences(), wanted);
-        QVERIFY(store().entrySelection().isEmpty() && undo->isEnabled() && !redo->isEnabled());
-        undo->trigger();
-        QCOMPARE(entryReferences(), before);
-        QVERIFY(redo->isEnabled());
+        QVERIFY(undo->isEnabled() && !redo->isEnabled());
+        QTest::keySequence(&window(), QKeySequence::Undo);
+        QVERIFY(entryReferences() == before && redo->isEnabled());
         QTest::keySequence(&window(), QKeySequence::Redo);
         QCOMPARE(entryReferences(), wanted);
-        QTest::keySequence(&window(), QKeySequence::Undo);
-        QCOMPARE(entryReferences(), before);
     }
 
     void promptsForNames()
     {
-        // F2 on a service entry without a name of its own: the name typed, trimmed; empty, the database's.
-        QVERIFY(!entryReferences().isEmpty());
+        // F2 on a service entry without a name of its own offers that; empty, the database's comes back.
         const Bouquet bouquet = *store().selectedBouquet();
         int row = int(bouquet.entries.size()) - 1;
         while (row >= 0 && (bouquet.entries.at(row).description || !store().service(bouquet.entries.at(row))))
@@ -403,32 +384,21 @@ private slots:
             {u"Mein Sender"_s, QString(), store().displayName(bouquet.entries.at(row))}};
         for (const auto &[current, typed, result] : renames) {
             QTest::keyClick(entries(), Qt::Key_F2);
-            auto *prompt = UiFixture::dialog<QInputDialog>();
-            QVERIFY(prompt);
-            QCOMPARE(prompt->labelText(), u"Name (leer = Name aus der lamedb)"_s);
-            QCOMPARE(prompt->textValue(), current);
-            prompt->setTextValue(typed);
-            prompt->accept();
+            QCOMPARE(type(typed), u"Name (leer = Name aus der lamedb)|"_s + current);
             QTRY_COMPARE(entries()->model()->index(row, 0).data().toString(), result);
         }
-
         // A marker at the end of the bouquet.
         const int count = entries()->model()->rowCount();
         window().command(u"addMarker"_s)->trigger();
-        auto *prompt = UiFixture::dialog<QInputDialog>();
-        QVERIFY(prompt);
-        prompt->setTextValue(u"Nachrichten"_s);
-        prompt->accept();
+        QCOMPARE(type(u"Nachrichten"_s), u"Text der Markierung:|"_s);
         QTRY_COMPARE(entries()->model()->rowCount(), count + 1);
         const QModelIndex marker = entries()->model()->index(count, 0);
         QVERIFY(marker.data(EntryListModel::MarkerRole).toBool() && marker.data().toString() == u"Nachrichten");
 
         // A new bouquet is named in place, in the sidebar.
         window().command(u"newBouquet"_s)->trigger();
-        QCOMPARE(store().currentBouquets().last().name, u"Neues Bouquet"_s);
-        QVERIFY(store().newBouquetRequest().isNull());
         auto *editor = qobject_cast<QLineEdit *>(QApplication::focusWidget());
-        QVERIFY(editor && editor->parentWidget() == sidebar()->viewport());
+        QVERIFY(editor && editor->parentWidget() == sidebar()->viewport() && store().newBouquetRequest().isNull());
         QCOMPARE(editor->text(), u"Neues Bouquet"_s);
         editor->selectAll();
         QTest::keyClicks(editor, u"Kinder"_s);
@@ -459,8 +429,6 @@ private slots:
                      u"Bouquet „%1“ löschen?"_s.arg(bouquets.at(1).name));
             QCOMPARE(store().currentBouquets().size(), bouquets.size() - (confirm ? 1 : 0));
         }
-        QCOMPARE(sidebar()->model()->rowCount(), bouquets.size() - 1);
-        QCOMPARE(store().selectedBouquetID(), bouquets.first().id);
 
         // Repairing asks with the number of damaged lines in the open list; cancelled, nothing starts.
         const QString lamedb = m_window->folder() + u"/lamedb"_s;
@@ -495,7 +463,6 @@ private slots:
         }
         QVERIFY(!store().isDirty() && store().bouquets().value(MediaKind::radio).isEmpty());
         QVERIFY(window().windowTitle().startsWith(store().label(other.path())));
-        QCOMPARE(sidebar()->model()->rowCount(), store().currentBouquets().size());
     }
 
     void switchKindAndPositions()
@@ -504,13 +471,9 @@ private slots:
         picker->setCurrentIndex(1);
         for (const MediaKind kind : {MediaKind(MediaKind::radio), MediaKind(MediaKind::tv)}) {
             QTest::keySequence(&window(), QKeySequence(kind == MediaKind::tv ? u"Ctrl+1"_s : u"Ctrl+2"_s));
-            QCOMPARE(store().kind(), kind);
-            QVERIFY(window().command(kind.rawValue())->isChecked());
+            QVERIFY(store().kind() == kind && window().command(kind.rawValue())->isChecked());
             // The kind's first bouquet is shown.
-            const Bouquet first = store().currentBouquets().first();
-            QCOMPARE(sidebar()->model()->rowCount(), store().currentBouquets().size());
-            QCOMPARE(store().selectedBouquetID(), first.id);
-            QCOMPARE(entries()->model()->rowCount(), first.entries.size());
+            QCOMPARE(entries()->model()->rowCount(), store().currentBouquets().first().entries.size());
             // The services of the kind; a position chosen for the other kind falls back to one this offers.
             QCOMPARE(shown(), expected({}, picker->currentData().toString()));
             picker->setCurrentIndex(0);
@@ -550,10 +513,7 @@ private slots:
             QCOMPARE(answer(button),
                      u"Die Liste hat Änderungen, die weder gespeichert noch an die Box gesendet sind."_s);
             QTRY_COMPARE(window().isVisible(), !closed);
-            QCOMPARE(store().isDirty(), !saved);
-            // The new bouquet's file is named after it in lower case.
-            QCOMPARE(TestSupport::readFile(index).contains("ungesichert"), saved);
-            QCOMPARE(TestSupport::readFile(index) == before, !saved);
+            QVERIFY(store().isDirty() == !saved && (TestSupport::readFile(index) == before) == !saved);
         }
     }
 
@@ -574,7 +534,6 @@ private slots:
             QVERIFY(TestSupport::writeFile(target.filePath(u"datei"_s), {}));
         }
         QVERIFY(TestSupport::readFile(target.filePath(u"neu/bouquets.tv"_s)).contains("woanders"));
-        QVERIFY(QFileInfo::exists(target.filePath(u"neu/lamedb"_s)));
         QVERIFY(store().status().startsWith(u"Gespeichert in %1."_s.arg(target.filePath(u"neu"_s))));
 
         // A folder that cannot be made is reported in front of the window; a second error while the
@@ -589,7 +548,6 @@ private slots:
         // Saving in place clears the mark.
         QTest::keySequence(&window(), QKeySequence(u"Ctrl+S"_s));
         QTRY_VERIFY(!store().isDirty());
-        QVERIFY(TestSupport::readFile(m_window->folder() + u"/bouquets.tv"_s).contains("woanders"));
         // The same error text again is shown again.
         store().setErrorMessage(u"Noch ein Fehler."_s);
         QVERIFY(UiFixture::dialog<QMessageBox>());
@@ -610,7 +568,6 @@ private slots:
         QTRY_VERIFY(!context.store().services().isEmpty());
         QVERIFY(context.store().status().startsWith(
             u"Zuletzt verwendete Liste geladen (%1). "_s.arg(context.store().label(last.path()))));
-        QCOMPARE(shown.sidebar()->model()->rowCount(), context.store().currentBouquets().size());
         // Unchanged, the window closes without a question.
         QVERIFY(shown.close());
     }
@@ -635,9 +592,6 @@ private slots:
         QVERIFY(window().findChildren<SettingsView *>().size() == 1 && window().findChildren<LogView *>().size() == 1
                 && window().findChildren<BoxControlView *>().size() == 1);
         QVERIFY(window().findChild<LogView *>()->isVisible() && window().findChild<BoxControlView *>()->isVisible());
-        QCOMPARE(window().command(u"boxControl"_s)->toolTip(),
-                 u"Box-Steuerung: Signal, Neustart, eigene Befehle (%1)"_s.arg(
-                     QKeySequence(u"Ctrl+Shift+B"_s).toString(QKeySequence::NativeText)));
 
         // The commands' texts; the recent folders menu names the open list.
         QStringList texts;
@@ -656,8 +610,7 @@ private slots:
         auto *backups = window().findChild<QMenu *>(u"backupMenu"_s);
         emit backups->aboutToShow();
         QMenu *restore = backups->actions().first()->menu();
-        QCOMPARE(restore->title(), u"Sicherung wiederherstellen"_s);
-        QCOMPARE(restore->actions().size(), 1);
+        QVERIFY(restore->title() == u"Sicherung wiederherstellen" && restore->actions().size() == 1);
         QCOMPARE(restore->actions().first()->text(), m_window->context().backups().backupLabel(backup));
     }
 
@@ -704,7 +657,7 @@ private slots:
         QCOMPARE(shown(), unused);
     }
 
-    void serviceMenuAndDoubleClick()
+    void serviceMenu()
     {
         const auto texts = [this](int row) {
             QStringList result;
@@ -713,43 +666,22 @@ private slots:
                 result << action->text() + (action->isEnabled() ? QString() : u" (aus)"_s);
             return result;
         };
+        // A right click on a row outside the selection acts on that row alone.
         QCOMPARE(texts(1), (QStringList{u"Zum Bouquet hinzufügen"_s, u"Sender umbenennen…"_s,
                                         u"Sender aus der lamedb löschen…"_s}));
-        // A right click on a row outside the selection acts on that row alone.
         QTableView *table = browser()->table();
         QCOMPARE(table->selectionModel()->selectedRows().size(), 1);
-        table->selectionModel()->select(QItemSelection(filter()->index(0, 0), filter()->index(2, 3)),
-                                        QItemSelectionModel::ClearAndSelect);
-        QCOMPARE(texts(1), (QStringList{u"3 Sender zum Bouquet hinzufügen"_s, u"3 Sender aus der lamedb löschen…"_s}));
 
-        // Adding the three appends them to the selected bouquet in table order; a double click adds one.
-        const qsizetype before = store().selectedBouquet()->entries.size();
-        std::unique_ptr<QMenu>(browser()->contextMenu(1))->actions().first()->trigger();
-        QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, at(table, 1));
-        QTest::mouseDClick(table->viewport(), Qt::LeftButton, {}, at(table, 1));
-        QCOMPARE(referencesOf(store().selectedBouquet()->entries.mid(before)),
-                 (QStringList{reference(filter()->serviceAt(0)), reference(filter()->serviceAt(1)),
-                              reference(filter()->serviceAt(2)), reference(filter()->serviceAt(1))}));
-        // Without a bouquet there is nothing to add to.
-        store().setSelectedBouquetID({});
-        QCOMPARE(texts(0).first(), u"Zum Bouquet hinzufügen (aus)"_s);
-    }
-
-    void renameAndDeleteServices()
-    {
         // Renamed through the menu's prompt; cancelled, nothing changes.
-        const Service service = filter()->serviceAt(0);
-        std::unique_ptr<QMenu>(browser()->contextMenu(0))->actions().at(1)->trigger();
+        const Service service = filter()->serviceAt(1);
+        std::unique_ptr<QMenu>(browser()->contextMenu(1))->actions().at(1)->trigger();
         QCOMPARE(store().serviceRenameRequest(), std::optional<Service>(service));
         for (const bool accept : {true, false}) {
             if (!accept)
                 store().setServiceRenameRequest(store().serviceIndex().value(service.key));
-            auto *prompt = UiFixture::dialog<QInputDialog>();
-            QVERIFY(prompt);
-            QCOMPARE(prompt->textValue(), accept ? service.name : u"Neuer Name"_s);
-            prompt->setTextValue(accept ? u"Neuer Name"_s : u"Verworfen"_s);
             const qsizetype steps = store().undoStack().size();
-            accept ? prompt->accept() : prompt->reject();
+            QCOMPARE(type(accept ? u"Neuer Name"_s : u"Verworfen"_s, accept),
+                     u"Neuer Name für „%1“:|%1"_s.arg(accept ? service.name : u"Neuer Name"_s));
             QTRY_VERIFY(!store().serviceRenameRequest());
             QCOMPARE(store().undoStack().size(), steps + (accept ? 1 : 0));
             QCOMPARE(store().serviceIndex().value(service.key).name, u"Neuer Name"_s);
@@ -757,9 +689,9 @@ private slots:
         // The search finds it by its new name.
         browser()->searchField()->setText(u"neuer name"_s);
         QCOMPARE(shown(), QList<Service>{store().serviceIndex().value(service.key)});
+        browser()->searchField()->clear();
 
         // Deleting the service used most often asks first, naming its uses.
-        browser()->searchField()->clear();
         const QList<Service> services = shown();
         const auto lessUsed = [this](const Service &a, const Service &b) {
             return store().usage().value(a.key) < store().usage().value(b.key);
@@ -775,11 +707,25 @@ private slots:
                               u"Sender: 1 · Einträge in Bouquets: %1"_s.arg(uses));
             QTRY_VERIFY(!store().serviceDeleteRequest());
             QCOMPARE(store().serviceIndex().contains(used.key), !confirm);
-            QCOMPARE(store().usage().value(used.key), confirm ? 0 : uses);
         }
+
+        // Three selected are added to the selected bouquet in table order; a double click adds one.
+        table->selectionModel()->select(QItemSelection(filter()->index(0, 0), filter()->index(2, 3)),
+                                        QItemSelectionModel::ClearAndSelect);
+        QCOMPARE(texts(1), (QStringList{u"3 Sender zum Bouquet hinzufügen"_s, u"3 Sender aus der lamedb löschen…"_s}));
+        const qsizetype before = store().selectedBouquet()->entries.size();
+        std::unique_ptr<QMenu>(browser()->contextMenu(1))->actions().first()->trigger();
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, at(table, 1));
+        QTest::mouseDClick(table->viewport(), Qt::LeftButton, {}, at(table, 1));
+        QCOMPARE(referencesOf(store().selectedBouquet()->entries.mid(before)),
+                 (QStringList{reference(filter()->serviceAt(0)), reference(filter()->serviceAt(1)),
+                              reference(filter()->serviceAt(2)), reference(filter()->serviceAt(1))}));
+        // Without a bouquet there is nothing to add to.
+        store().setSelectedBouquetID({});
+        QCOMPARE(texts(0).first(), u"Zum Bouquet hinzufügen (aus)"_s);
     }
 
-    void fittedColumnWidths()
+    void columnWidths()
     {
         // ceil(widest) + 20, at least 40, at most 400.
         const QList<std::pair<double, double>> cases{{0.0, 40.0},    {12.2, 40.0},   {20.01, 41.0},  {100.3, 121.0},
@@ -802,10 +748,8 @@ private slots:
             for (const Service &service : expected({})) {
                 const QStringList texts{service.name, service.provider, service.position,
                                         QString::number(store().usage().value(service.key))};
-                for (int column = 0; column < 4; ++column) {
-                    const double width = cells.horizontalAdvance(texts[column]) + (column ? 0 : picon);
-                    widest[column] = std::max(widest[column], width);
-                }
+                for (int column = 0; column < 4; ++column)
+                    widest[column] = std::max(widest[column], cells.horizontalAdvance(texts[column]) + (column ? 0 : picon));
             }
             for (int column = 0; column < 4; ++column) {
                 const double width = ColumnLayout::fittedWidth(widest[column]);
@@ -822,21 +766,18 @@ private slots:
         for (const QString &text : std::as_const(texts))
             widest = std::max(widest, cells.horizontalAdvance(text));
         QCOMPARE(ColumnLayout::widestText(texts, browser()->table()->font()), widest);
-    }
 
-    void savedColumnWidths()
-    {
+        // Dragging a column edge saves all four widths of the kind.
         const auto fitted = [this](MediaKind kind, const QString &column) {
             return qRound(store().fittedWidths().value(kind).value(column));
         };
-        // Dragging a column edge saves all four widths of the kind.
+        store().setKind(MediaKind::tv);
         header()->resizeSection(1, 222);
         QSettings settings(u"Corvandel"_s, u"Corvandel"_s);
         const QVariantMap saved = settings.value(u"columnWidths.tv"_s).toMap();
         QCOMPARE(saved.keys(), (QStringList{u"name"_s, u"position"_s, u"provider"_s, u"usage"_s}));
-        QCOMPARE(saved.value(u"provider"_s).toDouble(), 222.0);
+        QVERIFY(saved.value(u"provider"_s).toDouble() == 222.0 && !settings.contains(u"columnWidths.radio"_s));
         QCOMPARE(saved.value(u"name"_s).toInt(), fitted(MediaKind::tv, u"name"_s));
-        QVERIFY(!settings.contains(u"columnWidths.radio"_s));
         // Radio keeps its fitted widths; back on TV the saved ones return.
         store().setKind(MediaKind::radio);
         QCOMPARE(header()->sectionSize(1), fitted(MediaKind::radio, u"provider"_s));
@@ -853,7 +794,6 @@ private slots:
         }
         // Reset drops the saved map and fits again.
         header()->resizeSection(0, 300);
-        QVERIFY(settings.contains(u"columnWidths.tv"_s));
         window().command(u"resetColumns"_s)->trigger();
         settings.sync();
         QVERIFY(!settings.contains(u"columnWidths.tv"_s));
@@ -867,18 +807,16 @@ private slots:
             QStringList names;
             for (const QString &name : {u"openFolder"_s, u"save"_s, u"saveAs"_s, u"download"_s, u"upload"_s,
                                         u"testConnection"_s, u"backupNow"_s, u"repair"_s, u"downloadPicons"_s,
-                                        u"uploadPicons"_s, u"zap"_s, u"newBouquet"_s}) {
-                if (window().command(name)->isEnabled())
-                    names << name;
-            }
-            return names;
+                                        u"uploadPicons"_s, u"zap"_s, u"newBouquet"_s})
+                names << (window().command(name)->isEnabled() ? name : QString());
+            return names.join(u' ').simplified();
         };
         for (const QString &command : {u"download"_s, u"upload"_s}) {
-            QVERIFY(enabled().size() == 12 && window().busyIndicator()->isHidden());
+            QVERIFY(enabled().count(u' ') == 11 && window().busyIndicator()->isHidden());
             QTest::keySequence(&window(), QKeySequence(command == u"download" ? u"Ctrl+D"_s : u"Ctrl+U"_s));
             // While it runs, the window says so and offers no second operation; editing and zapping go on.
             QVERIFY(store().busy() && window().busyIndicator()->isVisible());
-            QCOMPARE(enabled(), (QStringList{u"zap"_s, u"newBouquet"_s}));
+            QCOMPARE(enabled(), u"zap newBouquet"_s);
             const QList<QLabel *> labels = window().findChildren<QLabel *>();
             QVERIFY(std::any_of(labels.cbegin(), labels.cend(), [this](const QLabel *label) {
                 return label->isVisible() && label->text() == store().busy();
@@ -892,12 +830,10 @@ private slots:
                 QVERIFY(window().isWindowModified());
             }
         }
-        QVERIFY(enabled().size() == 12 && window().busyIndicator()->isHidden());
+        QVERIFY(enabled().count(u' ') == 11 && window().busyIndicator()->isHidden());
         QVERIFY(!window().isWindowModified() && store().status().contains(u"Dateien gesendet"_s));
         const QString sent = m_box->path(u"/etc/enigma2/"_s + store().currentBouquets().first().fileName);
         QVERIFY(TestSupport::readFile(sent).startsWith("#NAME Umbenannt auf der Box"));
-        // The backup made before sending is offered for restoring.
-        QCOMPARE(store().backups().size(), 1);
     }
 
     void piconPackageThroughTheSheet()
@@ -934,11 +870,9 @@ private slots:
                 break;
             // The choices change the plan, and the count follows; cancelled, the plan is dropped.
             sheet->overwriteChoice()->click();
-            QVERIFY(plan()->overwrite);
-            QCOMPARE(sheet->summary()->text(), summary(picons.size()));
+            QVERIFY(plan()->overwrite && sheet->summary()->text() == summary(picons.size()));
             sheet->allChoice()->click();
-            QVERIFY(plan()->uploadAll);
-            QCOMPARE(sheet->summary()->text(), summary(picons.size() + 1));
+            QVERIFY(plan()->uploadAll && sheet->summary()->text() == summary(picons.size() + 1));
             sheet->reject();
             QTRY_VERIFY(!plan() && !QApplication::activeModalWidget());
             QCOMPARE(QDir(m_box->path(target)).entryList(QDir::Files), QStringList{picons.first()});
@@ -997,8 +931,8 @@ private slots:
     {
         m_box = std::make_unique<FakeBox>();
         QVERIFY2(m_box->isRunning(), qPrintable(m_box->errorString()));
-        QVERIFY(TestSupport::writeFile(m_box->path(u"/etc/enigma2/lamedb"_s), "eDVB services /4/\n"));
-        QVERIFY(TestSupport::writeFile(m_box->path(u"/etc/enigma2/bouquets.tv"_s), ""));
+        QVERIFY(TestSupport::writeFile(m_box->path(u"/etc/enigma2/lamedb"_s), "eDVB services /4/\n")
+                && TestSupport::writeFile(m_box->path(u"/etc/enigma2/bouquets.tv"_s), ""));
         SettingsView view(store(), m_window->context().boxSync());
         const QList<std::pair<QString, QString>> cases{
             {u"secret"_s, u"Verbindung OK: 2 Dateien in /etc/enigma2/, lamedb gefunden."_s},
@@ -1021,24 +955,22 @@ private slots:
             child<QLineEdit>(&view, u"password"_s)->setText(password);
             auto *test = child<QPushButton>(&view, u"test"_s);
             test->click();
-            QCOMPARE(text(view, u"outcome"_s), u"Teste Verbindung…"_s);
-            QVERIFY(!test->isEnabled());
+            QVERIFY(!test->isEnabled() && text(view, u"outcome"_s) == u"Teste Verbindung…");
             QTRY_VERIFY_WITH_TIMEOUT(text(view, u"outcome"_s).startsWith(outcome), 20000);
             QVERIFY(test->isEnabled() && (text(view, u"outcome"_s) == outcome) == (password == u"secret"));
-            // The test used the draft because it was applied: to the store and to the saved settings.
-            for (const BoxSettings &settings : {store().settings(), BoxSettings::load()}) {
-                QVERIFY(settings.host == u"127.0.0.1" && settings.ftpPort == m_box->connection().ftpPort
-                        && settings.user == u"root" && settings.password == password);
-            }
+            // The test used the draft because it was applied.
+            const BoxSettings applied = store().settings();
+            QVERIFY(applied.host == u"127.0.0.1" && applied.ftpPort == m_box->connection().ftpPort
+                    && applied.user == u"root" && applied.password == password);
             // So does closing, which keeps the command the box control window changed meanwhile.
             child<QLineEdit>(&view, u"piconDirectory"_s)->setText(u"/media/hdd/picon/"_s);
             BoxSettings changed = store().settings();
             changed.customCommand = password;
             store().setSettings(changed);
             view.close();
-            for (const BoxSettings &settings : {store().settings(), BoxSettings::load()})
-                QCOMPARE(settings.piconDirectory, u"/media/hdd/picon/"_s);
-            QCOMPARE(store().settings().customCommand, password);
+            const BoxSettings saved = BoxSettings::load();
+            QVERIFY(saved.piconDirectory == u"/media/hdd/picon/" && saved.password == password
+                    && saved.customCommand == password && store().settings() == saved);
         }
         view.show();
 
@@ -1058,9 +990,8 @@ private slots:
             picker->setCurrentIndex(picker->findText(chosen));
             QCOMPARE(settings.value(name), value);
         }
-        auto *autoLoad = child<QCheckBox>(&view, u"autoLoadLast"_s);
-        QVERIFY(autoLoad->isChecked());
-        autoLoad->setChecked(false);
+        QVERIFY(child<QCheckBox>(&view, u"autoLoadLast"_s)->isChecked());
+        child<QCheckBox>(&view, u"autoLoadLast"_s)->setChecked(false);
         QCOMPARE(settings.value(u"autoLoadLast"_s), QVariant(false));
         // The appearance applies at once, and so does its way back.
         auto *appearance = child<QComboBox>(&view, u"appearance"_s);
@@ -1081,18 +1012,15 @@ private slots:
     {
         // Service, SNR, dB, AGC, BER, and the error line, as the window shows them.
         const QString tuned = u"1:0:19:2B66:401:1:C00000:0:0:0:"_s;
-        const QString unreachable = u"Box nicht erreichbar: "_s;
-        const QList<std::tuple<QString, int, QString, QStringList>> cases{
-            {tuned, 0, u"127.0.0.1"_s, {u"Example HD"_s, u"75 %"_s, u"12.50 dB"_s, u"80 %"_s, u"0"_s, u"(hidden)"_s}},
-            {QString(), 0, u"127.0.0.1"_s, {u"N/A"_s, {}, u"dB"_s, {}, {}, u"(hidden)"_s}},
-            {tuned, 0, u"  "_s, {{}, {}, {}, {}, {}, unreachable + u"Bitte zuerst in den Einstellungen die IP-Adresse "
-                                                                   u"der Box eintragen."_s}}};
-        for (const auto &[serviceRef, httpStatus, host, shown] : cases) {
+        const QList<std::tuple<QString, QString, QStringList>> cases{
+            {tuned, u"127.0.0.1"_s, {u"Example HD"_s, u"75 %"_s, u"12.50 dB"_s, u"80 %"_s, u"0"_s, u"(hidden)"_s}},
+            {QString(), u"127.0.0.1"_s, {u"N/A"_s, {}, u"dB"_s, {}, {}, u"(hidden)"_s}},
+            {tuned, u"  "_s, {{}, {}, {}, {}, {}, u"Box nicht erreichbar: Bitte zuerst in den Einstellungen die "
+                                                  u"IP-Adresse der Box eintragen."_s}}};
+        for (const auto &[serviceRef, host, shown] : cases) {
             FakeBoxOptions options;
             options.serviceRef = serviceRef;
-            options.httpStatus = httpStatus;
             FakeBox box(options);
-            QVERIFY2(box.isRunning(), qPrintable(box.errorString()));
             BoxSettings settings = box.settingsAs<BoxSettings>();
             settings.host = host;
             const auto view = openBoxControl(settings);
@@ -1105,14 +1033,12 @@ private slots:
             };
             QTRY_COMPARE_WITH_TIMEOUT(seen(), shown, 10000);
         }
-    }
 
-    void boxPollingFollowsVisibility()
-    {
-        // Slow answers, so that the window is hidden while a poll waits for the box.
-        FakeBoxOptions options;
-        options.stall = 0.1;
-        FakeBox box(options);
+        // Polling stops while the window is hidden. Slow answers, so that it is hidden while a poll
+        // waits for the box.
+        FakeBoxOptions slow;
+        slow.stall = 0.1;
+        FakeBox box(slow);
         QVERIFY2(box.isRunning(), qPrintable(box.errorString()));
         const auto view = openBoxControl(box.settingsAs<BoxSettings>());
         const auto polled = [&box] {
