@@ -1,4 +1,5 @@
 #include "BoxSettings.h"
+#include "Error.h"
 #include "FakeBox.h"
 #include "Paths.h"
 #include "Store.h"
@@ -13,6 +14,8 @@
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -156,8 +159,9 @@ private slots:
     {
         QTest::addColumn<QString>("folder");
         QTest::newRow("examples") << TestSupport::examplesDir();
-        if (!TestSupport::corpusDir().isEmpty())
-            QTest::newRow("a file missing") << TestSupport::corpusDir() + u"/horsti58-enigma2-settings/enigma2"_s;
+        const QString corpus = TestSupport::corpusDir();
+        for (const QString &folder : TestSupport::corpusListFolders())
+            QTest::newRow(qPrintable(folder.mid(corpus.size() + 1))) << folder;
     }
 
     // Both agree with what the editor's store loads from the same folder.
@@ -165,9 +169,20 @@ private slots:
     {
         QFETCH(QString, folder);
         Store store{BoxSettings{}};
-        store.load(folder);
+        std::optional<QString> failure;
+        try {
+            store.load(folder);
+        } catch (const Error &error) {
+            failure = error.description();
+        }
         const Outcome info = cli({u"info"_s, folder}), json = cli({u"dump"_s, u"--json"_s, folder}),
                       table = cli({u"dump"_s, folder});
+        if (failure) { // a list without a database, which the store refuses too
+            for (const Outcome &outcome : {info, json, table})
+                QVERIFY2(outcome.status == 2 && outcome.out.isEmpty() && outcome.err.contains(*failure),
+                         qPrintable(outcome.err));
+            return;
+        }
         QVERIFY(info.status == 0 && json.status == 0 && table.status == 0);
         const QList<Service> &services = store.services();
         const auto radio = std::count_if(services.cbegin(), services.cend(),
@@ -214,6 +229,7 @@ private slots:
         QTest::addColumn<QString>("file");
         QTest::addColumn<QByteArray>("find");
         QTest::addColumn<QByteArray>("replace");
+        QTest::addColumn<bool>("complete"); // false: the findings are some of those printed
         // "{line}" stands for the line of the replacement in the file named first.
         QTest::addColumn<QStringList>("findings");
 
@@ -221,13 +237,19 @@ private slots:
         const QString missing = u"Die Bouquet-Datei „%1“ fehlt."_s;
         const QString unlisted = u": Keine Indexdatei nennt diese Bouquet-Datei."_s;
         const auto row = [](const char *name, const QString &folder, const QString &file = {},
-                            const QByteArray &find = {}, const QByteArray &replace = {}) -> QTestData & {
-            return QTest::newRow(name) << folder << file << find << replace;
+                            const QByteArray &find = {}, const QByteArray &replace = {},
+                            bool complete = true) -> QTestData & {
+            return QTest::newRow(name) << folder << file << find << replace << complete;
         };
         row("bouquets without database", u"djgueto-pluto-subbouquets-5f1fdb6"_s)
             << QStringList{u"bouquets.tv:2: "_s + missing.arg(u"userbouquet.dbe37.tv"_s),
                            u"bouquets.tv:3: "_s + missing.arg(u"userbouquet.tdt__solo_decos_con_tdt_.tv"_s)};
         row("clean", u"mtcnl-ziggo-cable"_s) << QStringList{};
+        row("unlisted bouquets", u"djgueto-listadecanales"_s, {}, {}, {}, false)
+            << QStringList{u"userbouquet.m__18_abril_sat.tv"_s + unlisted, u"userbouquet.nueva.tv"_s + unlisted};
+        row("damaged providers", u"xheen908-unitymedia-mixed"_s, {}, {}, {}, false)
+            << QStringList{u"lamedb:919: Die Zeichenreparatur würde „p:DVB-S2 QPSK 12343H 28.2Â°E“ zu "
+                           u"„p:DVB-S2 QPSK 12343H 28.2°E“ machen."_s};
         row("missing bouquet", u"list"_s, u"userbouquet.orf.tv"_s)
             << QStringList{u"bouquets.tv:{line}: "_s + missing.arg(u"userbouquet.orf.tv"_s)};
         row("unlisted bouquet", u"list"_s, u"userbouquet.stray.tv"_s, {}, "#NAME Stray\n")
@@ -259,6 +281,7 @@ private slots:
         QFETCH(QString, file);
         QFETCH(QByteArray, find);
         QFETCH(QByteArray, replace);
+        QFETCH(bool, complete);
         QFETCH(QStringList, findings);
         if (TestSupport::corpusDir().isEmpty())
             QSKIP("the corpus of channel lists is missing");
@@ -280,7 +303,11 @@ private slots:
 
         const Outcome outcome = cli({u"check"_s, path});
         QCOMPARE(outcome.status, findings.isEmpty() ? 0 : 1);
-        QCOMPARE(lines(outcome.out), findings);
+        const QStringList found = lines(outcome.out);
+        if (complete)
+            QCOMPARE(found, findings);
+        for (const QString &finding : std::as_const(findings))
+            QVERIFY2(found.contains(finding), qPrintable(finding));
     }
 
     void boxRoundTrip()
