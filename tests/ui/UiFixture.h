@@ -2,8 +2,11 @@
 
 #include "AppContext.h"
 #include "MainWindow.h"
+#include "TestSupport.h"
 
 #include <QApplication>
+#include <QDirIterator>
+#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -14,13 +17,29 @@
 namespace UiFixture {
 
 // The example list copied into `folder`, so that tests may save and damage it.
-void copyExamples(const QString &folder);
+inline void copyExamples(const QString &folder)
+{
+    QDirIterator it(TestSupport::examplesDir(), QDir::Files);
+    while (it.hasNext()) {
+        const QString target = folder + u'/' + QFileInfo(it.next()).fileName();
+        QFile::copy(it.filePath(), target);
+        QFile::setPermissions(target, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
+    }
+}
 
 // A main window over a fresh application context with a copy of the example list loaded.
 class Window
 {
 public:
-    Window();
+    Window()
+    {
+        copyExamples(m_folder.path());
+        m_window->setInitialFolder(m_folder.path());
+        m_window->show();
+        // The window opens its folder once it is on screen.
+        if (!QTest::qWaitFor([this] { return !m_context->store().services().isEmpty(); }, 5000))
+            qWarning("the example list did not open");
+    }
 
     AppContext &context() { return *m_context; }
     Store &store() { return m_context->store(); }
@@ -30,9 +49,9 @@ public:
 
 private:
     QTemporaryDir m_folder;
-    std::unique_ptr<AppContext> m_context;
+    std::unique_ptr<AppContext> m_context = std::make_unique<AppContext>();
     // Declared last, so that it goes first, with any dialog a failed test left open.
-    std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<MainWindow> m_window = std::make_unique<MainWindow>(*m_context);
 };
 
 // The modal dialog of this type in front of the window, once it is there.
