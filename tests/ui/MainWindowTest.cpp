@@ -239,100 +239,7 @@ private slots:
         m_box.reset();
     }
 
-    // First, before box operations whose late log lines would mix in.
-    void logWindow()
-    {
-        BoxLog &log = BoxLog::shared();
-        log.clear();
-        log.flush();
-        LogView view;
-        view.show();
-        auto *text = child<QPlainTextEdit>(&view, u"text"_s);
-        auto *onlyErrors = child<QCheckBox>(&view, u"onlyErrors"_s);
-        QCOMPARE(text->placeholderText(), u"Noch keine Einträge."_s);
-        onlyErrors->setChecked(true);
-        QCOMPARE(text->placeholderText(), u"Keine Fehler – alles hat geklappt."_s);
-
-        // Written while the window is open: it follows on its own; filtered, only the errors, copied as shown.
-        log.write(BoxLog::Level::info, u"FTP"_s, u"Herunterladen: ftp://box/lamedb"_s);
-        log.write(BoxLog::Level::error, u"FTP"_s, u"Herunterladen fehlgeschlagen nach 0.10 s: curl-Code 7"_s);
-        log.write(BoxLog::Level::ok, u"HTTP"_s, u"GET box:80/web/signal → 200"_s);
-        log.write(BoxLog::Level::error, u"Telnet"_s, u"fehlgeschlagen nach 1.00 s: Zeitüberschreitung"_s);
-        log.flush();
-        onlyErrors->setChecked(false);
-        QTRY_COMPARE(text->toPlainText(), log.tail(LogView::tailBytes));
-        onlyErrors->setChecked(true);
-        const QStringList errors = text->toPlainText().split(u'\n');
-        QVERIFY(errors.size() == 2 && errors[0].contains(u"  ERR  FTP        Herunterladen fehlgeschlagen"_s)
-                && errors[1].contains(u"  ERR  Telnet     fehlgeschlagen"_s));
-        child<QPushButton>(&view, u"copy"_s)->click();
-        QCOMPARE(QGuiApplication::clipboard()->text(), errors.join(u'\n'));
-        child<QPushButton>(&view, u"clear"_s)->click();
-        onlyErrors->setChecked(false);
-        QTRY_COMPARE(text->toPlainText(), QString());
-
-        // A long log opens at its end, and stays there as it grows.
-        view.hide();
-        for (int i = 0; i < 500; ++i)
-            log.write(BoxLog::Level::info, u"App"_s, u"Eintrag %1"_s.arg(i));
-        log.flush();
-        view.show();
-        QScrollBar *bar = text->verticalScrollBar();
-        QVERIFY(QTest::qWaitForWindowExposed(&view) && bar->maximum() > 0 && bar->value() == bar->maximum());
-        log.write(BoxLog::Level::info, u"App"_s, u"Der letzte"_s);
-        QTRY_VERIFY(text->toPlainText().endsWith(u"Der letzte\n"_s));
-        QCOMPARE(bar->value(), bar->maximum());
-    }
-
-    void dragAndDrop()
-    {
-        const QList<Bouquet> before = store().currentBouquets();
-        const QStringList references = entryReferences();
-        QVERIFY(before.size() >= 3 && references.size() >= 4 && store().selectedBouquetID() == before.at(0).id);
-        // Services dropped at the edges of rows and below a short bouquet land there, one undo step each.
-        const int last = int(references.size()) - 1;
-        entries()->resize(entries()->width(), (last + 8) * entries()->sizeHintForRow(0));
-        const QPoint below(entries()->viewport()->width() / 2, entries()->viewport()->height() - 3);
-        const QList<std::pair<QPoint, int>> cases{
-            {at(entries(), 0, Spot::top), 0},      {at(entries(), 1, Spot::top), 1},
-            {at(entries(), 1, Spot::bottom), 2},   {at(entries(), last, Spot::bottom), last + 1},
-            {below, last + 1}};
-        const auto services = dragData(browser()->table(), {0, 2});
-        for (const auto &[point, position] : cases) {
-            QVERIFY(drop(entries(), services.get(), point));
-            QStringList wanted = references;
-            wanted.insert(position, reference(filter()->serviceAt(2)));
-            wanted.insert(position, reference(filter()->serviceAt(0)));
-            QCOMPARE(entryReferences(), wanted);
-            store().undo();
-        }
-        QCOMPARE(entryReferences(), references);
-
-        // Dropped onto another bouquet, services and entries are appended there; between two, refused.
-        const auto rows = dragData(entries(), {0, 1});
-        QVERIFY(drop(sidebar(), services.get(), at(sidebar(), 1)) && drop(sidebar(), rows.get(), at(sidebar(), 1)));
-        QCOMPARE(referencesOf(store().currentBouquets().at(1).entries.mid(before.at(1).entries.size())),
-                 services->text().split(u'\n') + references.mid(0, 2));
-        QVERIFY(entryReferences() == references && store().selectedBouquetID() == before.at(0).id);
-        QVERIFY(!drop(sidebar(), services.get(), at(sidebar(), 1, Spot::top)));
-
-        // Entries dragged below the third move there as one step, and stay selected.
-        const QItemSelection firstTwo(entries()->model()->index(0, 0), entries()->model()->index(1, 0));
-        entries()->selectionModel()->select(firstTwo, QItemSelectionModel::ClearAndSelect);
-        const qsizetype steps = store().undoStack().size();
-        QVERIFY(drop(entries(), rows.get(), at(entries(), 2, Spot::bottom)));
-        QCOMPARE(entryReferences(),
-                 QStringList({references.at(2), references.at(0), references.at(1)}) + references.mid(3));
-        QVERIFY(store().undoStack().size() == steps + 1 && store().entrySelection().size() == 2);
-
-        // A bouquet dragged below the third moves there, and the selection with it.
-        QVERIFY(drop(sidebar(), dragData(sidebar(), {0}).get(), at(sidebar(), 2, Spot::bottom)));
-        const QList<Bouquet> after = store().currentBouquets();
-        QVERIFY(after.at(0).id == before.at(1).id && after.at(1).id == before.at(2).id && after.at(2).id == before.at(0).id);
-        QCOMPARE(sidebar()->currentIndex().data(BouquetListModel::IdRole).toUuid(), before.at(0).id);
-    }
-
-    void keysPromptsAndSelection()
+    void editingInTheLists()
     {
         QAction *undo = window().command(u"undo"_s);
         QAction *redo = window().command(u"redo"_s);
@@ -405,6 +312,54 @@ private slots:
         const QImage oneEntry = entries()->grab(middle).toImage();
         store().setSelectedBouquetID({});
         QVERIFY(hint != entries()->grab(middle).toImage() && oneEntry == entries()->grab(middle).toImage());
+
+        // Drag and drop, in the first bouquet with every service shown.
+        const QList<Bouquet> bouquets = store().currentBouquets();
+        store().setSelectedBouquetID(bouquets.at(0).id);
+        browser()->searchField()->clear();
+        const QStringList references = entryReferences();
+        QVERIFY(bouquets.size() >= 3 && references.size() >= 4);
+        // Services dropped at the edges of rows and below a short bouquet land there, one undo step each.
+        const int last = int(references.size()) - 1;
+        entries()->resize(entries()->width(), (last + 8) * entries()->sizeHintForRow(0));
+        const QPoint below(entries()->viewport()->width() / 2, entries()->viewport()->height() - 3);
+        const QList<std::pair<QPoint, int>> cases{
+            {at(entries(), 0, Spot::top), 0},      {at(entries(), 1, Spot::top), 1},
+            {at(entries(), 1, Spot::bottom), 2},   {at(entries(), last, Spot::bottom), last + 1},
+            {below, last + 1}};
+        const auto services = dragData(browser()->table(), {0, 2});
+        for (const auto &[point, position] : cases) {
+            QVERIFY(drop(entries(), services.get(), point));
+            QStringList wanted = references;
+            wanted.insert(position, reference(filter()->serviceAt(2)));
+            wanted.insert(position, reference(filter()->serviceAt(0)));
+            QCOMPARE(entryReferences(), wanted);
+            store().undo();
+        }
+        QCOMPARE(entryReferences(), references);
+
+        // Dropped onto another bouquet, services and entries are appended there; between two, refused.
+        const auto rows = dragData(entries(), {0, 1});
+        QVERIFY(drop(sidebar(), services.get(), at(sidebar(), 1)) && drop(sidebar(), rows.get(), at(sidebar(), 1)));
+        QCOMPARE(referencesOf(store().currentBouquets().at(1).entries.mid(bouquets.at(1).entries.size())),
+                 services->text().split(u'\n') + references.mid(0, 2));
+        QVERIFY(entryReferences() == references && store().selectedBouquetID() == bouquets.at(0).id);
+        QVERIFY(!drop(sidebar(), services.get(), at(sidebar(), 1, Spot::top)));
+
+        // Entries dragged below the third move there as one step, and stay selected.
+        const QItemSelection firstTwo(entries()->model()->index(0, 0), entries()->model()->index(1, 0));
+        entries()->selectionModel()->select(firstTwo, QItemSelectionModel::ClearAndSelect);
+        const qsizetype steps = store().undoStack().size();
+        QVERIFY(drop(entries(), rows.get(), at(entries(), 2, Spot::bottom)));
+        QCOMPARE(entryReferences(),
+                 QStringList({references.at(2), references.at(0), references.at(1)}) + references.mid(3));
+        QVERIFY(store().undoStack().size() == steps + 1 && store().entrySelection().size() == 2);
+
+        // A bouquet dragged below the third moves there, and the selection with it.
+        QVERIFY(drop(sidebar(), dragData(sidebar(), {0}).get(), at(sidebar(), 2, Spot::bottom)));
+        const QList<Bouquet> after = store().currentBouquets();
+        QVERIFY(after.at(0).id == bouquets.at(1).id && after.at(1).id == bouquets.at(2).id && after.at(2).id == bouquets.at(0).id);
+        QCOMPARE(sidebar()->currentIndex().data(BouquetListModel::IdRole).toUuid(), bouquets.at(0).id);
     }
 
     void confirmationsAndAlerts()
@@ -435,7 +390,6 @@ private slots:
 
         // With changes, downloading and opening another folder ask first; cancelled, nothing happens.
         QTest::keySequence(&window(), QKeySequence(u"Ctrl+D"_s));
-        QVERIFY(!store().busy());
         QCOMPARE(answer(u"Abbrechen"_s), u"Änderungen verwerfen?"_s);
         QVERIFY(!store().busy());
         QTemporaryDir other;
@@ -473,6 +427,7 @@ private slots:
         store().setErrorMessage(u"Noch ein Fehler."_s);
         QVERIFY(UiFixture::dialog<QMessageBox>());
 
+        // Quitting with changes asks first.
         const QList<std::tuple<QString, bool, bool>> cases{
             {u"Abbrechen"_s, false, false}, {u"Verwerfen"_s, true, false}, {u"Speichern"_s, true, true}};
         for (const auto &[button, closed, saved] : cases) {
@@ -635,6 +590,48 @@ private slots:
 
     void secondaryWindowsAndMenus()
     {
+        // The log window, before the box operations whose late log lines would mix in.
+        BoxLog &log = BoxLog::shared();
+        log.clear();
+        log.flush();
+        LogView view;
+        view.show();
+        auto *text = child<QPlainTextEdit>(&view, u"text"_s);
+        auto *onlyErrors = child<QCheckBox>(&view, u"onlyErrors"_s);
+        QCOMPARE(text->placeholderText(), u"Noch keine Einträge."_s);
+        onlyErrors->setChecked(true);
+        QCOMPARE(text->placeholderText(), u"Keine Fehler – alles hat geklappt."_s);
+
+        // Written while the window is open: it follows on its own; filtered, only the errors, copied as shown.
+        log.write(BoxLog::Level::info, u"FTP"_s, u"Herunterladen: ftp://box/lamedb"_s);
+        log.write(BoxLog::Level::error, u"FTP"_s, u"Herunterladen fehlgeschlagen nach 0.10 s: curl-Code 7"_s);
+        log.write(BoxLog::Level::ok, u"HTTP"_s, u"GET box:80/web/signal → 200"_s);
+        log.write(BoxLog::Level::error, u"Telnet"_s, u"fehlgeschlagen nach 1.00 s: Zeitüberschreitung"_s);
+        log.flush();
+        onlyErrors->setChecked(false);
+        QTRY_COMPARE(text->toPlainText(), log.tail(LogView::tailBytes));
+        onlyErrors->setChecked(true);
+        const QStringList errors = text->toPlainText().split(u'\n');
+        QVERIFY(errors.size() == 2 && errors[0].contains(u"  ERR  FTP        Herunterladen fehlgeschlagen"_s)
+                && errors[1].contains(u"  ERR  Telnet     fehlgeschlagen"_s));
+        child<QPushButton>(&view, u"copy"_s)->click();
+        QCOMPARE(QGuiApplication::clipboard()->text(), errors.join(u'\n'));
+        child<QPushButton>(&view, u"clear"_s)->click();
+        onlyErrors->setChecked(false);
+        QTRY_COMPARE(text->toPlainText(), QString());
+
+        // A long log opens at its end, and stays there as it grows.
+        view.hide();
+        for (int i = 0; i < 500; ++i)
+            log.write(BoxLog::Level::info, u"App"_s, u"Eintrag %1"_s.arg(i));
+        log.flush();
+        view.show();
+        QScrollBar *bar = text->verticalScrollBar();
+        QVERIFY(QTest::qWaitForWindowExposed(&view) && bar->maximum() > 0 && bar->value() == bar->maximum());
+        log.write(BoxLog::Level::info, u"App"_s, u"Der letzte"_s);
+        QTRY_VERIFY(text->toPlainText().endsWith(u"Der letzte\n"_s));
+        QCOMPARE(bar->value(), bar->maximum());
+
         // The settings window's choice of side moves the sidebar at once, keeping its width.
         window().command(u"settings"_s)->trigger();
         auto *side = child<QComboBox>(window().findChild<SettingsView *>(), u"bouquetsRight"_s);
@@ -719,9 +716,7 @@ private slots:
         header()->resizeSection(1, 222);
         QSettings settings(u"Corvandel"_s, u"Corvandel"_s);
         const QVariantMap saved = settings.value(u"columnWidths.tv"_s).toMap();
-        QCOMPARE(saved.keys(), (QStringList{u"name"_s, u"position"_s, u"provider"_s, u"usage"_s}));
         QVERIFY(saved.value(u"provider"_s).toDouble() == 222.0 && !settings.contains(u"columnWidths.radio"_s));
-        QCOMPARE(saved.value(u"name"_s).toInt(), fitted(MediaKind::tv, u"name"_s));
         // Radio keeps its fitted widths; back on TV the saved ones return.
         store().setKind(MediaKind::radio);
         QCOMPARE(header()->sectionSize(1), fitted(MediaKind::radio, u"provider"_s));
