@@ -19,28 +19,7 @@
 #include "UiFixture.h"
 
 #include <QAbstractItemModelTester>
-#include <QCheckBox>
-#include <QClipboard>
-#include <QComboBox>
-#include <QDir>
-#include <QFileDialog>
-#include <QFontMetricsF>
-#include <QHeaderView>
-#include <QInputDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMenuBar>
-#include <QMessageBox>
-#include <QMimeData>
-#include <QPlainTextEdit>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QScrollBar>
-#include <QSettings>
-#include <QSpinBox>
-#include <QTableView>
+#include <QtWidgets>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -130,15 +109,6 @@ class MainWindowTest : public QObject
         // Every change below also checks that the views' models report it consistently.
         for (QAbstractItemModel *model : {entries()->model(), sidebar()->model(), browser()->table()->model()})
             m_testers.emplace_back(model, QAbstractItemModelTester::FailureReportingMode::QtTest);
-    }
-
-    // A receiver test double with the example list, and the store pointed at it.
-    bool startBox()
-    {
-        m_box = std::make_unique<FakeBox>();
-        UiFixture::copyExamples(m_box->path(u"/etc/enigma2"_s));
-        store().setSettings(m_box->settingsAs<BoxSettings>());
-        return m_box->isRunning();
     }
 
     // Answers the question in front of the window with this button; returns the question, if one came.
@@ -358,7 +328,8 @@ private slots:
         // A bouquet dragged below the third moves there, and the selection with it.
         QVERIFY(drop(sidebar(), dragData(sidebar(), {0}).get(), at(sidebar(), 2, Spot::bottom)));
         const QList<Bouquet> after = store().currentBouquets();
-        QVERIFY(after.at(0).id == bouquets.at(1).id && after.at(1).id == bouquets.at(2).id && after.at(2).id == bouquets.at(0).id);
+        QVERIFY(after.at(0).id == bouquets.at(1).id && after.at(1).id == bouquets.at(2).id
+                && after.at(2).id == bouquets.at(0).id);
         QCOMPARE(sidebar()->currentIndex().data(BouquetListModel::IdRole).toUuid(), bouquets.at(0).id);
     }
 
@@ -741,7 +712,10 @@ private slots:
 
     void boxOperations()
     {
-        QVERIFY2(startBox(), qPrintable(m_box->errorString()));
+        m_box = std::make_unique<FakeBox>();
+        UiFixture::copyExamples(m_box->path(u"/etc/enigma2"_s));
+        store().setSettings(m_box->settingsAs<BoxSettings>());
+        QVERIFY2(m_box->isRunning(), qPrintable(m_box->errorString()));
         // The space bar: a service entry, selected in the entry list; and services in the table.
         const QList<BouquetEntry> list = store().selectedBouquet().value_or(Bouquet()).entries;
         const auto entry = std::find_if(list.cbegin(), list.cend(), [this](const auto &e) { return store().service(e); });
@@ -890,7 +864,9 @@ private slots:
         view->show();
         QTRY_VERIFY_WITH_TIMEOUT(box.journal().size() > settled, 10000);
 
-        QVERIFY2(startBox(), qPrintable(m_box->errorString()));
+        m_box = std::make_unique<FakeBox>();
+        UiFixture::copyExamples(m_box->path(u"/etc/enigma2"_s));
+        QVERIFY2(m_box->isRunning(), qPrintable(m_box->errorString()));
         const auto power = openBoxControl(m_box->settingsAs<BoxSettings>());
         const auto sent = [this] {
             QString states;
