@@ -478,6 +478,25 @@ private slots:
             QCOMPARE(sorted.join(u' '), locale == QLocale::c() ? u"arte arte Bayern bayern Zürich Österreich"_s
                                                                : u"arte arte Bayern bayern Österreich Zürich"_s);
         }
+        // A large bouquet sorted is one layout change; a row the view holds on to follows its
+        // entry, there and back by undo.
+        EntryListModel model(m_store.get());
+        QAbstractItemModelTester tester(&model, testerMode);
+        QStringList references;
+        QRandomGenerator random(7);
+        for (int i = 0; i < 3000; ++i)
+            references << u"1:0:1:%1:437:1:C00000:0:0:0:"_s.arg(random.bounded(1, 0xFFFFFF), 0, 16);
+        m_store->insert(references, m_store->selectedBouquetID());
+        const QPersistentModelIndex marker(model.index(6));
+        QSignalSpy layout(&model, &QAbstractItemModel::layoutChanged);
+        m_store->sortSelectedByName();
+        QCOMPARE(layout.count(), 1);
+        QCOMPARE(marker.data().toString(), u"zdf hd"_s);
+        QCOMPARE(marker.row(), int(entryIds(*m_store).indexOf(marker.data(EntryListModel::IdRole).toUuid())));
+        QVERIFY(marker.row() != 6);
+        m_store->undo();
+        QCOMPARE(layout.count(), 2);
+        QCOMPARE(marker.row(), 6);
     }
 
     void bouquetListModel()
@@ -559,28 +578,6 @@ private slots:
         m_store->setSelectedBouquetID(QUuid());
         QCOMPARE(reset.count(), 2);
         QVERIFY(!model.flags({}).testFlag(Qt::ItemIsDropEnabled));
-    }
-
-    void sortingALargeBouquetIsALayoutChange()
-    {
-        EntryListModel model(m_store.get());
-        QAbstractItemModelTester tester(&model, testerMode);
-        QStringList references;
-        QRandomGenerator random(7);
-        for (int i = 0; i < 3000; ++i)
-            references << u"1:0:1:%1:437:1:C00000:0:0:0:"_s.arg(random.bounded(1, 0xFFFFFF), 0, 16);
-        m_store->insert(references, m_store->selectedBouquetID());
-        const QPersistentModelIndex marker(model.index(1));
-        QSignalSpy layout(&model, &QAbstractItemModel::layoutChanged);
-        m_store->sortSelectedByName();
-        QCOMPARE(layout.count(), 1);
-        // A row the view holds on to follows its entry, there and back by undo.
-        QCOMPARE(marker.data().toString(), u"Nachrichten"_s);
-        QCOMPARE(marker.row(), int(entryIds(*m_store).indexOf(marker.data(EntryListModel::IdRole).toUuid())));
-        QVERIFY(marker.row() != 1);
-        m_store->undo();
-        QCOMPARE(layout.count(), 2);
-        QCOMPARE(marker.row(), 1);
     }
 
     void serviceTableModel()
@@ -774,7 +771,7 @@ private slots:
         QCOMPARE(m_store->recentFolders(), QStringList{QDir::cleanPath(m_list)});
     }
 
-    void saveServiceEdits()
+    void saving()
     {
         TestSupport::writeFile(m_list + u"/lamedb"_s, lamedb(4, fixtureServices()));
         m_store->load(m_list);
@@ -797,6 +794,34 @@ private slots:
         QCOMPARE(file(u"lamedb5"_s), lamedb(5, expected));
         QCOMPARE(file(u"lamedb"_s), lamedb(4, expected));
         QVERIFY(m_store->canUndo() && m_store->serviceEdits().size() == 2);
+
+        // The disk fills up: files written before hold the list, the failing one and those after
+        // it what they held, and no temporary files are left behind.
+        m_store->renameBouquet(idOf(*m_store, u"Favoriten"_s), u"Neu benannt"_s);
+        QStringList references;
+        for (int sid = 1; sid <= 3000; ++sid)
+            references << u"1:0:1:%1:437:1:C00000:0:0:0:"_s.arg(sid, 0, 16);
+        m_store->insert(references, idOf(*m_store, u"Sport"_s));
+        TestSupport::writeFile(m_list + u"/userbouquet.radio.radio"_s, "#NAME Radio von Hand\n");
+        const QByteArray sport = file(u"userbouquet.sport.tv"_s);
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit previous{};
+        getrlimit(RLIMIT_FSIZE, &previous);
+        rlimit limit = previous;
+        limit.rlim_cur = 32 * 1024;
+        setrlimit(RLIMIT_FSIZE, &limit);
+        await(m_store->saveToCurrentFolder());
+        setrlimit(RLIMIT_FSIZE, &previous);
+        const QString prefix = u"„userbouquet.sport.tv“ konnte nicht gespeichert werden: "_s;
+        const QString error = m_store->errorMessage().value_or(QString());
+        QVERIFY2(error.startsWith(prefix) && error.size() > prefix.size(), qPrintable(error));
+        QVERIFY(m_store->isDirty() && !m_store->busy());
+        QVERIFY(file(u"userbouquet.favourites.tv"_s).startsWith("#NAME Neu benannt\n"));
+        QCOMPARE(file(u"userbouquet.sport.tv"_s), sport);
+        QCOMPARE(file(u"userbouquet.radio.radio"_s) + file(u"lamedb"_s), "#NAME Radio von Hand\n" + lamedb(4, expected));
+        QCOMPARE(QDir(m_list).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+                 (QStringList{u"bouquets.radio"_s, u"bouquets.tv"_s, u"lamedb"_s, u"lamedb5"_s, u"satellites.xml"_s,
+                              u"userbouquet.favourites.tv"_s, u"userbouquet.radio.radio"_s, u"userbouquet.sport.tv"_s}));
     }
 
     void missingAndHostileBouquetFiles()
@@ -935,37 +960,6 @@ private slots:
         QCOMPARE(withoutIds(second.bouquets()), withoutIds(m_store->bouquets()));
     }
 
-    // The disk fills up while saving: files written before hold the list, the failing one and
-    // those after it what they held, and no temporary files are left behind.
-    void failedSave()
-    {
-        m_store->renameBouquet(idOf(*m_store, u"Favoriten"_s), u"Neu benannt"_s);
-        QStringList references;
-        for (int sid = 1; sid <= 3000; ++sid)
-            references << u"1:0:1:%1:437:1:C00000:0:0:0:"_s.arg(sid, 0, 16);
-        m_store->insert(references, idOf(*m_store, u"Sport"_s));
-        TestSupport::writeFile(m_list + u"/userbouquet.radio.radio"_s, "#NAME Radio von Hand\n");
-        const QByteArray sport = file(u"userbouquet.sport.tv"_s);
-        std::signal(SIGXFSZ, SIG_IGN);
-        rlimit previous{};
-        getrlimit(RLIMIT_FSIZE, &previous);
-        rlimit limit = previous;
-        limit.rlim_cur = 32 * 1024;
-        setrlimit(RLIMIT_FSIZE, &limit);
-        await(m_store->saveToCurrentFolder());
-        setrlimit(RLIMIT_FSIZE, &previous);
-        const QString prefix = u"„userbouquet.sport.tv“ konnte nicht gespeichert werden: "_s;
-        const QString error = m_store->errorMessage().value_or(QString());
-        QVERIFY2(error.startsWith(prefix) && error.size() > prefix.size(), qPrintable(error));
-        QVERIFY(m_store->isDirty() && !m_store->busy());
-        QVERIFY(file(u"userbouquet.favourites.tv"_s).startsWith("#NAME Neu benannt\n"));
-        QCOMPARE(file(u"userbouquet.sport.tv"_s), sport);
-        QCOMPARE(file(u"userbouquet.radio.radio"_s), QByteArray("#NAME Radio von Hand\n"));
-        QCOMPARE(QDir(m_list).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
-                 (QStringList{u"bouquets.radio"_s, u"bouquets.tv"_s, u"lamedb5"_s, u"satellites.xml"_s,
-                              u"userbouquet.favourites.tv"_s, u"userbouquet.radio.radio"_s, u"userbouquet.sport.tv"_s}));
-    }
-
     void perform_data()
     {
         QTest::addColumn<QString>("label");
@@ -1018,8 +1012,17 @@ private slots:
         QCOMPARE(entries, (QStringList{u">>>  Aufgabe    %1 – Box 192.168.0.10"_s.arg(logged), end}));
     }
 
-    void boxFolders()
+    void boxFolderNamesAndLabels()
     {
+        const QString home = QDir::homePath(), data = Paths::dataDir();
+        QCOMPARE(m_store->label(data + u"/192.168.1.5"_s), u"Box-Kopie 192.168.1.5"_s);
+        QCOMPARE(m_store->label(data + u"/Sicherungen/192.168.1.5/2024-03-01_08-05-09/"_s), u"Box-Kopie 2024-03-01_08-05-09"_s);
+        QCOMPARE(m_store->label(home + u"/Listen/Astra"_s), u"Astra – ~/Listen"_s);
+        QCOMPARE(m_store->label(home + u"/Astra"_s), u"Astra – ~"_s);
+        QCOMPARE(m_store->label(u"/srv/listen/../enigma/Astra"_s), u"Astra – /srv/enigma"_s);
+        // Only whole folder names count as the data folder or the home folder.
+        QCOMPARE(m_store->label(data + u"x/list"_s), u"list – "_s + data + u'x');
+        QCOMPARE(m_store->label(home + u"x/Astra"_s), u"Astra – "_s + home + u'x');
         // The host, the folder's name, and whether the host was resolved; a box never takes the
         // name of the picon cache, the backups or the password file.
         const QList<std::tuple<QString, QString, bool>> hosts{
@@ -1031,11 +1034,10 @@ private slots:
             Store store(withHost(host));
             QCOMPARE(store.boxFolderName(), name);
             QCOMPARE(store.resolvedHosts().contains(host.trimmed()), resolved);
-            QCOMPARE(store.workDir(), Paths::dataDir() + u'/' + name);
+            QCOMPARE(store.workDir(), data + u'/' + name);
         }
         // Merging moves what the target lacks and keeps the rest; names that leave the data folder
         // are refused, and nothing to merge logs nothing.
-        const QString data = Paths::dataDir();
         for (const auto &[path, bytes] : QList<std::pair<QString, QByteArray>>{
                  {u"/old/lamedb"_s, "old lamedb"}, {u"/old/bouquets.tv"_s, "old index"}, {u"/new/lamedb"_s, "new lamedb"},
                  {u"/Picons/old/a.png"_s, "a"}, {u"/Picons/old/.hidden"_s, "h"},
@@ -1067,19 +1069,6 @@ private slots:
         TestSupport::writeFile(data + u"/localhost/later"_s, "x");
         QCOMPARE(store.workDir(), data + u"/127.0.0.1"_s);
         QVERIFY(QFileInfo::exists(data + u"/localhost/later"_s));
-    }
-
-    void label()
-    {
-        const QString home = QDir::homePath(), data = Paths::dataDir();
-        QCOMPARE(m_store->label(data + u"/192.168.1.5"_s), u"Box-Kopie 192.168.1.5"_s);
-        QCOMPARE(m_store->label(data + u"/Sicherungen/192.168.1.5/2024-03-01_08-05-09/"_s), u"Box-Kopie 2024-03-01_08-05-09"_s);
-        QCOMPARE(m_store->label(home + u"/Listen/Astra"_s), u"Astra – ~/Listen"_s);
-        QCOMPARE(m_store->label(home + u"/Astra"_s), u"Astra – ~"_s);
-        QCOMPARE(m_store->label(u"/srv/listen/../enigma/Astra"_s), u"Astra – /srv/enigma"_s);
-        // Only whole folder names count as the data folder or the home folder.
-        QCOMPARE(m_store->label(data + u"x/list"_s), u"list – "_s + data + u'x');
-        QCOMPARE(m_store->label(home + u"x/Astra"_s), u"Astra – "_s + home + u'x');
     }
 };
 
