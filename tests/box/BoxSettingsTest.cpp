@@ -29,14 +29,10 @@ std::optional<QString> elsewhere(const QStringList &arguments)
 }
 
 std::optional<QString> readElsewhere(const QString &account, const QString &service = Keychain::currentService)
-{
-    return elsewhere({u"read"_s, account, service});
-}
+{ return elsewhere({u"read"_s, account, service}); }
 
 bool writeElsewhere(const QString &value, const QString &account, const QString &service = Keychain::currentService)
-{
-    return elsewhere({u"write"_s, value, account, service}) == QString();
-}
+{ return elsewhere({u"write"_s, value, account, service}) == QString(); }
 
 } // namespace
 
@@ -153,14 +149,12 @@ private slots:
 
     void normalizedDirectory()
     {
+        // Inner slashes and blanks stay.
         const QList<std::pair<QString, QString>> cases{
-            {u"/etc/enigma2"_s, u"/etc/enigma2/"_s}, {u"etc/enigma2/"_s, u"/etc/enigma2/"_s},
-            {u"etc/enigma2"_s, u"/etc/enigma2/"_s},  {u"/etc/enigma2/"_s, u"/etc/enigma2/"_s},
-            {u"/"_s, u"/"_s},                         {QString(), u"/"_s},
-            // Inner slashes and blanks stay.
-            {u"/media//hdd/my lists"_s, u"/media//hdd/my lists/"_s}};
+            {u"/etc/enigma2"_s, u"/etc/enigma2/"_s}, {u"etc/enigma2/"_s, u"/etc/enigma2/"_s}, {u"etc/enigma2"_s, u"/etc/enigma2/"_s},
+            {u"/"_s, u"/"_s}, {QString(), u"/"_s}, {u"/media//hdd/my lists"_s, u"/media//hdd/my lists/"_s}};
+        BoxSettings settings;
         for (const auto &[directory, expected] : cases) {
-            BoxSettings settings;
             settings.directory = directory;
             QCOMPARE(settings.normalizedDirectory(), expected);
         }
@@ -173,9 +167,9 @@ private slots:
         QCOMPARE(BoxSettings::load().ftpPort, 21);
         QVERIFY(!current().contains(u"ftpPort"_s));
 
-        const QList<std::pair<QString, QVariant>> old{
-            {u"host"_s, u"192.168.1.20"_s}, {u"ftpPort"_s, 2121},          {u"httpPort"_s, 8080},        {u"user"_s, u"admin"_s},
-            {u"directory"_s, u"/hdd/lists"_s}, {u"telnetPort"_s, 2323}, {u"customCommand"_s, u"uptime"_s}};
+        const QList<std::pair<QString, QVariant>> old{{u"host"_s, u"192.168.1.20"_s}, {u"ftpPort"_s, 2121},
+            {u"httpPort"_s, 8080}, {u"user"_s, u"admin"_s}, {u"directory"_s, u"/hdd/lists"_s}, {u"telnetPort"_s, 2323},
+            {u"customCommand"_s, u"uptime"_s}};
         for (const auto &[key, value] : old)
             former().setValue(key, value);
         const QString account = u"admin@192.168.1.20"_s;

@@ -149,18 +149,13 @@ private slots:
             QCOMPARE(BoxLog::entryLine(QTime(9, 5, 7), level, category, message), expected);
 
         const QList<std::pair<QList<int>, QString>> hints{
-            {{6}, u"Box-Adresse nicht auflösbar"_s},
-            {{7}, u"Verbindung abgelehnt / Box nicht erreichbar"_s},
-            {{9, 67}, u"Anmeldung abgelehnt (Benutzer/Passwort)"_s},
-            {{19, 78}, u"Datei auf der Box nicht gefunden"_s},
-            {{25}, u"Hochladen abgelehnt (Schreibrechte? Speicher voll?)"_s},
-            {{28}, u"Zeitüberschreitung"_s},
-            {{55, 56}, u"Verbindung während der Übertragung abgebrochen"_s},
-            {{0, 3, 22}, QString()}};
-        for (const auto &[codes, hint] : hints) {
+            {{6}, u"Box-Adresse nicht auflösbar"_s}, {{7}, u"Verbindung abgelehnt / Box nicht erreichbar"_s},
+            {{9, 67}, u"Anmeldung abgelehnt (Benutzer/Passwort)"_s}, {{19, 78}, u"Datei auf der Box nicht gefunden"_s},
+            {{25}, u"Hochladen abgelehnt (Schreibrechte? Speicher voll?)"_s}, {{28}, u"Zeitüberschreitung"_s},
+            {{55, 56}, u"Verbindung während der Übertragung abgebrochen"_s}, {{0, 3, 22}, QString()}};
+        for (const auto &[codes, hint] : hints)
             for (int code : codes)
                 QCOMPARE(BoxLog::curlHint(code), hint);
-        }
     }
 
     void dayHeaders()
@@ -217,12 +212,10 @@ private slots:
         log->write(BoxLog::Level::info, u"FTP"_s, u"Grüße"_s);
         log->flush();
         QCOMPARE(log->tail(1'000'000), text());
-        QCOMPARE(log->tail(0), QString());
-        QCOMPARE(log->tail(4), u"ße\n"_s);
-        // Cutting inside "ü" drops the stray half instead of showing a replacement.
-        QCOMPARE(log->tail(5), u"ße\n"_s);
-        QCOMPARE(log->tail(6), u"üße\n"_s);
-        QCOMPARE(log->tail(7), u"rüße\n"_s);
+        // Cutting inside "ü" (5 bytes) drops the stray half instead of showing a replacement.
+        const QStringList tails{QString(), {}, {}, {}, u"ße\n"_s, u"ße\n"_s, u"üße\n"_s, u"rüße\n"_s};
+        for (int bytes : {0, 4, 5, 6, 7})
+            QCOMPARE(log->tail(bytes), tails.at(bytes));
 
         log->clear();
         log->flush();
@@ -577,9 +570,8 @@ private slots:
 
         await(web.setPowerState(WebIf::PowerState::reboot));
         await(web.reloadServices(2));
-        const QList<FakeBoxRequest> journal = m_box->journal().mid(m_box->journal().size() - 2);
-        QCOMPARE(journal.value(0).path + u'?' + journal.value(0).rawQuery, u"/web/powerstate?newstate=2"_s);
-        QCOMPARE(journal.value(1).path + u'?' + journal.value(1).rawQuery, u"/web/servicelistreload?mode=2"_s);
+        const FakeBoxRequest reload = m_box->journal().last();
+        QCOMPARE(reload.path + u'?' + reload.rawQuery, u"/web/servicelistreload?mode=2"_s);
         const QStringList requests{u"/web/zap?sRef="_s + reference, u"/web/zap?sRef="_s + stream,
                                    u"/web/powerstate?newstate=2"_s, u"/web/servicelistreload?mode=2"_s};
         for (int i = 0; i < requests.size(); ++i) {
